@@ -1,0 +1,159 @@
+#pragma once
+
+#include "platform/Messages.h"
+#include "platform/Types.h"
+#include "platform/Window.h"
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+class MediaInterface;
+
+struct Message {
+    HWND window = nullptr;
+    UINT message = WM_NULL;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+};
+
+/// A finished frame: premultiplied 0xAARRGGBB pixels, rows from top to bottom, `stride` pixels apart.
+struct FrameView {
+    const std::uint32_t* pixels = nullptr;
+    int width = 0;
+    int height = 0;
+    int stride = 0;
+};
+
+/// Lets a thread other than the main one sleep, so that it can be woken when it is no longer needed.
+class Sleeper {
+public:
+    virtual ~Sleeper() = default;
+    /// Sleeps for `milliseconds` of the desktop's time. False at once, from then on, when Wake has been called.
+    virtual bool Sleep(int milliseconds) = 0;
+    /// Ends the running sleep and every later one.
+    virtual void Wake() = 0;
+};
+
+/// What the engine asks of a desktop: windows with a message queue, live key state, a clock, a place to show frames,
+/// message boxes, debug output and media. Windows, queue and dispatching are the same on every desktop and are written
+/// here once; a particular desktop supplies the services marked virtual.
+/// Everything is called on the main thread unless marked "any thread".
+class Desktop {
+public:
+    Desktop();
+    virtual ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    /// The desktop that the program runs on. One must have been given to Use before.
+    static Desktop& Current();
+    /// Makes `desktopPtr` the desktop of the program; null removes it. The previous one is destroyed.
+    static void Use(std::unique_ptr<Desktop> desktopPtr);
+
+    // Windows
+
+    /// Makes a window from `description` (procedure, class, text, style, parent, bounds, icons) and sends it WM_CREATE.
+    /// The first window without a parent that is not of class "STATIC" is the program's main window. Null on failure.
+    /// Until DestroyWindow the desktop owns it.
+    HWND CreateWindow(const Window& description);
+    /// Destroys the window and its children; messages still queued for them are dropped. Null is ignored.
+    void DestroyWindow(HWND window);
+    /// Shows or hides; showing the main window for the first time activates it.
+    void ShowWindow(HWND window, bool show);
+    /// Moves the top-left corner, keeping the size.
+    void MoveWindow(HWND window, int left, int top);
+    /// Asks for WM_PAINT once the queue is empty.
+    void InvalidateWindow(HWND window);
+    /// The WM_PAINT request has been answered.
+    void ValidateWindow(HWND window);
+    /// The program's main window, null while there is none.
+    HWND MainWindow() const { return mainWindowPtr; }
+    /// The children of `parent`, in the order they were made.
+    std::vector<HWND> ChildWindows(HWND parent) const;
+
+    // Messages
+
+    /// Appends to the queue and wakes WaitMessage. Any thread.
+    void PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    /// The next PeekMessage that finds the queue empty takes WM_QUIT.
+    void PostQuitMessage(int exitCode);
+    /// Takes the oldest message. With nothing queued it first lets the desktop's own events in, then offers WM_QUIT, then
+    /// WM_PAINT for windows that want painting; false if there is none of these either.
+    bool PeekMessage(Message& message);
+    /// Returns as soon as there may be a message to take.
+    void WaitMessage();
+    /// Calls the procedure of the message's window.
+    LRESULT DispatchMessage(const Message& message);
+    /// Calls the procedure of `window` at once.
+    LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    /// What happens to a message that a window does not handle: WM_CLOSE and SC_CLOSE destroy the window after telling it
+    /// with WM_DESTROY; the rest is ignored.
+    LRESULT DefaultWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    // Services of the particular desktop
+
+    /// The size of the screen in pixels; x and y hold width and height.
+    virtual POINT ScreenSize() const = 0;
+    /// Whether the key is down now. Any thread.
+    virtual bool IsKeyDown(int virtualKey) const = 0;
+    /// A sleep for one other thread, which must have ended before the sleeper is destroyed.
+    virtual std::unique_ptr<Sleeper> MakeSleeper() = 0;
+    /// A clock that never goes back, in counts of SecondsPerCount seconds. Any thread.
+    virtual std::int64_t Counter() const = 0;
+    virtual double SecondsPerCount() const = 0;
+    /// Shows a finished frame in `window`. With `waitForBlank` it returns at the pace of 60 frames per second.
+    /// False if the window can no longer show anything.
+    virtual bool Present(HWND window, const FrameView& frame, bool waitForBlank) = 0;
+    /// Shows a modal box over the main window and returns when it is dismissed. Where none can be shown the text goes to
+    /// standard error.
+    virtual void MessageBox(std::wstring_view text, std::wstring_view caption) = 0;
+    /// A line for whoever debugs. Any thread.
+    virtual void OutputDebugString(std::wstring_view text) = 0;
+    virtual void ShowMousePointer(bool show) = 0;
+    /// Fills the screen with the picture, or goes back to the window; mouse positions stay client pixels.
+    virtual bool SetFullscreen(bool fullscreen) = 0;
+    /// The player of sound files, made on the first call.
+    MediaInterface& Media();
+    /// Silences what plays and lets it go on, without any trace in the commands; for a program in the background.
+    void SuspendMedia(bool suspend);
+
+protected:
+    /// Lets in what has happened on the desktop, as posted messages. With `wait` it returns only after something has
+    /// happened or WakeEvents was called.
+    virtual void PumpEvents(bool wait) = 0;
+    /// Ends a PumpEvents that waits. Any thread.
+    virtual void WakeEvents() = 0;
+    virtual std::unique_ptr<MediaInterface> MakeMedia() = 0;
+    /// The main window was made, shown or hidden, moved, or is about to be destroyed.
+    virtual bool OpenMainWindow(Window&) { return true; }
+    virtual void ShowMainWindow(Window&) {}
+    virtual void MoveMainWindow(Window&) {}
+    virtual void CloseMainWindow(Window&) {}
+
+    bool HasQueuedMessages() const;
+
+private:
+    bool TakeQueued(Message& message);
+    bool IsWindow(HWND window) const;
+
+    std::vector<std::unique_ptr<Window>> windows;
+    Window* mainWindowPtr = nullptr;
+    mutable std::mutex queueMutex;
+    std::deque<Message> queue;
+    bool quitPosted = false;
+    int quitCode = 0;
+    std::unique_ptr<MediaInterface> mediaPtr;
+};
+
+/// Ends the process at once, after flushing the standard streams: nothing is destroyed, so it may be called with other
+/// threads running and anything half done.
+[[noreturn]] void ExitProcess(int exitCode);
+
+} // namespace platform

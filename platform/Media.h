@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Types.h"
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// Plays sound files on command texts:
+///
+///     open "FILE" type mpegvideo|waveaudio|sequencer alias NAME
+///     set NAME time format milliseconds
+///     status NAME length                      replies a decimal number
+///     play NAME from A [to B] [notify]
+///     pause NAME, resume NAME, stop NAME
+///     setaudio NAME volume to 0…1000
+///     close NAME
+///
+/// With "notify", the natural end of the playback posts MM_MCINOTIFY with MCI_NOTIFY_SUCCESSFUL to the window given.
+class MediaInterface {
+public:
+    virtual ~MediaInterface() = default;
+    /// Carries out one command. 0 if it worked, otherwise an error code: the text could not be read, the alias is unknown
+    /// or taken, the file could not be opened. `replyPtr` may be null.
+    virtual DWORD Send(std::wstring_view command, std::wstring* replyPtr, HWND notifyWindow) = 0;
+    /// Holds every playback where it is, or lets all go on; not visible to commands.
+    virtual void Suspend(bool suspend) = 0;
+};
+
+} // namespace platform

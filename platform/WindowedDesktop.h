@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/Desktop.h"
+
+#include <memory>
+
+namespace platform {
+
+/// The real desktop: a window, keyboard and mouse, the real clock, the sound device. It is made even where there is no
+/// display; then no window can be opened on it.
+std::unique_ptr<Desktop> MakeWindowedDesktop();
+
+} // namespace platform

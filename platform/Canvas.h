@@ -27,7 +27,7 @@ struct D2D1_ROUNDED_RECT {
 class ID2D1Bitmap {
 public:
     virtual ~ID2D1Bitmap() = default;
-    virtual POINT GetPixelSize() const = 0;  ///< x and y hold width and height
+    virtual POINT GetPixelSize() const = 0; ///< x and y hold width and height
 };
 
 /// One colour to paint with.

@@ -5,7 +5,6 @@
 #include "platform/Window.h"
 
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -84,8 +83,8 @@ public:
     void PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     /// The next PeekMessage that finds the queue empty takes WM_QUIT.
     void PostQuitMessage(int exitCode);
-    /// Takes the oldest message. With nothing queued it first lets the desktop's own events in, then offers WM_QUIT, then
-    /// WM_PAINT for windows that want painting; false if there is none of these either.
+    /// Takes the oldest message. With nothing queued it first lets the desktop's own events in, then offers WM_QUIT,
+    /// then WM_PAINT for windows that want painting; false if there is none of these either.
     bool PeekMessage(Message& message);
     /// Returns as soon as there may be a message to take.
     void WaitMessage();
@@ -93,8 +92,8 @@ public:
     LRESULT DispatchMessage(const Message& message);
     /// Calls the procedure of `window` at once.
     LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    /// What happens to a message that a window does not handle: WM_CLOSE and SC_CLOSE destroy the window after telling it
-    /// with WM_DESTROY; the rest is ignored.
+    /// What happens to a message that a window does not handle: WM_CLOSE and SC_CLOSE destroy the window after telling
+    /// it with WM_DESTROY; the rest is ignored.
     LRESULT DefaultWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     // Services of the particular desktop
@@ -111,8 +110,8 @@ public:
     /// Shows a finished frame in `window`. With `waitForBlank` it returns at the pace of 60 frames per second.
     /// False if the window can no longer show anything.
     virtual bool Present(HWND window, const FrameView& frame, bool waitForBlank) = 0;
-    /// Shows a modal box over the main window and returns when it is dismissed. Where none can be shown the text goes to
-    /// standard error.
+    /// Shows a modal box over the main window and returns when it is dismissed. Where none can be shown the text goes
+    /// to standard error.
     virtual void MessageBox(std::wstring_view text, std::wstring_view caption) = 0;
     /// A line for whoever debugs. Any thread.
     virtual void OutputDebugString(std::wstring_view text) = 0;
@@ -138,6 +137,8 @@ protected:
     virtual void CloseMainWindow(Window&) {}
 
     bool HasQueuedMessages() const;
+    /// Destroys the player of sound files. A desktop whose media use its own members calls this in its destructor.
+    void CloseMedia();
 
 private:
     bool TakeQueued(Message& message);
@@ -146,7 +147,7 @@ private:
     std::vector<std::unique_ptr<Window>> windows;
     Window* mainWindowPtr = nullptr;
     mutable std::mutex queueMutex;
-    std::deque<Message> queue;
+    std::vector<Message> queue; // short; keeps its memory, so that posting costs no allocation
     bool quitPosted = false;
     int quitCode = 0;
     std::unique_ptr<MediaInterface> mediaPtr;

@@ -3,8 +3,8 @@
 // Shapes: what the engine's hit regions and its outline loader ask of a geometry library.
 //
 // A shape keeps lines, cubic and quadratic Bézier curves and elliptic arcs under an affine transform, is filled by the
-// even-odd rule, and knows the exact bounds of its curves. Boolean operations and comparisons work on outlines flattened
-// to a given distance. All shapes are independent of the canvas, and owned by whoever asked for them.
+// even-odd rule, and knows the exact bounds of its curves. Boolean operations and comparisons work on outlines
+// flattened to a given distance. All shapes are independent of the canvas, and owned by whoever asked for them.
 
 #include "platform/Types.h"
 
@@ -101,8 +101,8 @@ protected:
     ~ID2D1GeometrySink() = default;
 };
 
-/// A shape. Never changes once it is closed. `tolerance` is the greatest distance between a curve and the straight pieces
-/// that stand for it. Operations on a path that was never opened and closed fail with a negative result.
+/// A shape. Never changes once it is closed. `tolerance` is the greatest distance between a curve and the straight
+/// pieces that stand for it. Operations on a path that was never opened and closed fail with a negative result.
 class ID2D1Geometry {
 public:
     virtual ~ID2D1Geometry() = default;
@@ -115,8 +115,8 @@ public:
     /// Writes the combined outline, as closed figures of lines, to `sink`; does not close it.
     virtual HRESULT CombineWithGeometry(const ID2D1Geometry& other, D2D1_COMBINE_MODE mode, float tolerance,
                                         ID2D1SimplifiedGeometrySink& sink) const = 0;
-    /// Writes the outline to `sink` in path order, quadratic curves and arcs as cubics, or everything as lines; does not
-    /// close the sink.
+    /// Writes the outline to `sink` in path order, quadratic curves and arcs as cubics, or everything as lines; does
+    /// not close the sink.
     virtual HRESULT Simplify(D2D1_GEOMETRY_SIMPLIFICATION_OPTION option, float tolerance,
                              ID2D1SimplifiedGeometrySink& sink) const = 0;
 };

@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-/// A decoded picture, the pixel source that drawable images are made from: 32-bit premultiplied blue, green, red, alpha.
+/// A decoded picture, the pixel source that drawable images are made from: 32-bit premultiplied blue, green, red,
+/// alpha.
 class IWICFormatConverter {
 public:
     explicit IWICFormatConverter(std::shared_ptr<const platform::Picture> sourcePicture)

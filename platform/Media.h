@@ -2,10 +2,13 @@
 
 #include "platform/Types.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace platform {
+
+class Desktop;
 
 /// Plays sound files on command texts:
 ///
@@ -21,11 +24,19 @@ namespace platform {
 class MediaInterface {
 public:
     virtual ~MediaInterface() = default;
-    /// Carries out one command. 0 if it worked, otherwise an error code: the text could not be read, the alias is unknown
-    /// or taken, the file could not be opened. `replyPtr` may be null.
+    /// Carries out one command. 0 if it worked, otherwise an error code: the text could not be read, the alias is
+    /// unknown or taken, the file could not be opened. `replyPtr` may be null.
     virtual DWORD Send(std::wstring_view command, std::wstring* replyPtr, HWND notifyWindow) = 0;
     /// Holds every playback where it is, or lets all go on; not visible to commands.
     virtual void Suspend(bool suspend) = 0;
+    /// Posts the notices of playbacks that have ended by now; the desktop calls it whenever it lets events in.
+    virtual void Update() = 0;
 };
+
+/// A player without a device: lengths, states and notices are those of the real files, on the clock of `desktop`.
+std::unique_ptr<MediaInterface> MakeSilentMedia(Desktop& desktop);
+
+/// A player on the default sound device; silent on the clock for as long as there is none.
+std::unique_ptr<MediaInterface> MakeDeviceMedia(Desktop& desktop);
 
 } // namespace platform

@@ -31,7 +31,8 @@ private:
     }
 };
 
-/// Decodes the picture file at `path` (UTF-8), whatever its format; nothing if it is missing, damaged or absurdly large.
+/// Decodes the picture file at `path` (UTF-8), whatever its format; nothing if it is missing, damaged or absurdly
+/// large.
 std::optional<Picture> LoadPicture(const std::string& path);
 
 /// Decodes the bytes of a picture file held in memory.

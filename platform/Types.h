@@ -9,8 +9,8 @@ namespace platform {
 class Window;
 }
 
-using HINSTANCE = void*;         ///< the program itself; nothing is ever read through it
-using HWND = platform::Window*;  ///< a window of the desktop, owned by it
+using HINSTANCE = void*;        ///< the program itself; nothing is ever read through it
+using HWND = platform::Window*; ///< a window of the desktop, owned by it
 using UINT = std::uint32_t;
 using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
@@ -18,7 +18,7 @@ using WPARAM = std::uintptr_t;
 using LPARAM = std::intptr_t;
 using LRESULT = std::intptr_t;
 using TCHAR = wchar_t;
-using HRESULT = std::int32_t;  ///< negative: failed
+using HRESULT = std::int32_t; ///< negative: failed
 
 constexpr HRESULT S_OK = 0;
 constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);

@@ -14,13 +14,13 @@ namespace platform {
 class Window {
 public:
     WNDPROC procedure = nullptr;
-    void* userData = nullptr;     ///< whatever the window's maker wants to find again
-    std::wstring className;       ///< "STATIC", "BUTTON" and "EDIT" are the desktop's own classes
-    std::wstring text;            ///< the title of a main window, the text of a control
+    void* userData = nullptr; ///< whatever the window's maker wants to find again
+    std::wstring className;   ///< "STATIC", "BUTTON" and "EDIT" are the desktop's own classes
+    std::wstring text;        ///< the title of a main window, the text of a control
     DWORD style = 0;
-    Window* parentPtr = nullptr;  ///< null: not a child
-    RECT bounds;                  ///< outer rectangle; screen pixels, of a child the parent's client pixels
-    WORD iconId = 0;              ///< program resource of type "ICON"
+    Window* parentPtr = nullptr; ///< null: not a child
+    RECT bounds;                 ///< outer rectangle; screen pixels, of a child the parent's client pixels
+    WORD iconId = 0;             ///< program resource of type "ICON"
     WORD smallIconId = 0;
     bool visible = false;
     bool enabled = true;

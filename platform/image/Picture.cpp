@@ -50,15 +50,16 @@ std::optional<Picture> Decode(SDL_RWops* streamPtr) {
     if (!surfacePtr) return std::nullopt;
     Picture picture(surfacePtr->w, surfacePtr->h);
     for (int y = 0; y < picture.height; ++y) {
-        const auto* rowPtr = reinterpret_cast<const std::uint32_t*>(static_cast<const std::uint8_t*>(surfacePtr->pixels) +
-                                                                    static_cast<std::ptrdiff_t>(y) * surfacePtr->pitch);
+        const auto* rowPtr = reinterpret_cast<const std::uint32_t*>(
+            static_cast<const std::uint8_t*>(surfacePtr->pixels) + static_cast<std::ptrdiff_t>(y) * surfacePtr->pitch);
         std::transform(rowPtr, rowPtr + picture.width, &picture.At(0, y), Premultiplied);
     }
     return picture;
 }
 
 SurfacePtr MakeSurface(const Picture& picture, Uint32 format) {
-    SurfacePtr surfacePtr(SDL_CreateRGBSurfaceWithFormat(0, picture.width, picture.height, 32, SDL_PIXELFORMAT_ARGB8888));
+    SurfacePtr surfacePtr(
+        SDL_CreateRGBSurfaceWithFormat(0, picture.width, picture.height, 32, SDL_PIXELFORMAT_ARGB8888));
     if (!surfacePtr) return nullptr;
     for (int y = 0; y < picture.height; ++y) {
         auto* rowPtr = reinterpret_cast<std::uint32_t*>(static_cast<std::uint8_t*>(surfacePtr->pixels) +

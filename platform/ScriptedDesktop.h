@@ -1,0 +1,106 @@
+#pragma once
+
+#include "platform/Desktop.h"
+
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// A desktop without window, device or real time: keys come from a script, the clock counts frames, frames are handed
+/// to an observer, and message boxes, debug lines and media commands are recorded. A program runs on it unchanged and
+/// the same to the last bit every time.
+///
+/// A frame is: the script's events for it; one poll of the thread that sleeps on this desktop, if there is one, and
+/// time to deliver what it posted; the media notices that are due; then the program's own frame, which ends with
+/// Present.
+class ScriptedDesktop : public Desktop {
+public:
+    struct Box {
+        std::wstring text;
+        std::wstring caption;
+    };
+    struct MediaCommand {
+        int frame = 0;
+        std::wstring text;
+    };
+
+    explicit ScriptedDesktop(double frameSeconds = 1.0 / 60.0);
+    ~ScriptedDesktop() override;
+
+    // The script; events of one frame happen in the order they are given.
+
+    void Press(int frame, int virtualKey) {
+        At(frame, [this, virtualKey] { SetKey(virtualKey, true); });
+    }
+    void Release(int frame, int virtualKey) {
+        At(frame, [this, virtualKey] { SetKey(virtualKey, false); });
+    }
+    /// Runs `action` on the main thread before frame `frame`; post messages, move the mouse, look at the game.
+    void At(int frame, std::function<void()> action);
+    /// Frames 0 to `frame` - 1 run; then the main window is told to go away.
+    void End(int frame) { endFrame = frame; }
+    /// Sets a key at once, for tests that drive objects without the loop.
+    void SetKey(int virtualKey, bool isDown);
+
+    /// Called with the number of every presented frame.
+    std::function<void(int frame, const FrameView& view)> onFrame;
+    /// When set, called for every debug line instead of recording it.
+    std::function<void(std::wstring_view text)> onDebugString;
+
+    // What happened
+
+    std::vector<Box> boxes;
+    std::vector<std::wstring> debugLines;
+    std::vector<MediaCommand> mediaCommands;
+    /// The number of the frame that runs, 0 before the first one has ended.
+    int Frame() const { return frame; }
+    /// The virtual time of the frame that runs.
+    double Now() const { return frame * secondsPerFrame; }
+
+    POINT ScreenSize() const override { return {1920, 1080}; }
+    bool IsKeyDown(int virtualKey) const override;
+    std::unique_ptr<Sleeper> MakeSleeper() override;
+    std::int64_t Counter() const override { return frame; }
+    double SecondsPerCount() const override { return secondsPerFrame; }
+    bool Present(HWND window, const FrameView& view, bool waitForBlank) override;
+    void MessageBox(std::wstring_view text, std::wstring_view caption) override;
+    void OutputDebugString(std::wstring_view text) override;
+    void ShowMousePointer(bool) override {}
+    bool SetFullscreen(bool) override { return true; }
+
+protected:
+    void PumpEvents(bool wait) override;
+    void WakeEvents() override {}
+    std::unique_ptr<MediaInterface> MakeMedia() override;
+    void ShowMainWindow(Window& window) override;
+
+private:
+    class FrameSleeper;
+    class Recorder;
+    struct Rendezvous;
+    struct Event {
+        int frame = 0;
+        std::function<void()> action;
+    };
+    enum class Stage { events, notices, frame };
+
+    void BeginFrame();
+    void RunEvents();
+
+    double secondsPerFrame;
+    int frame = 0;
+    int endFrame = -1;
+    Stage stage = Stage::events;
+    std::vector<Event> events;
+    std::size_t nextEvent = 0;
+    mutable std::mutex keyMutex;
+    bool keys[256] = {};
+    std::shared_ptr<Rendezvous> rendezvousPtr;
+};
+
+} // namespace platform

@@ -1,0 +1,163 @@
+#include "platform/ScriptedDesktop.h"
+
+#include "platform/Media.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+/// Where the main thread and the one that sleeps on the desktop meet once a frame.
+struct ScriptedDesktop::Rendezvous {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool asleep = false;
+    bool called = false; // the sleeper may do one round
+    bool ended = false;
+
+    void AwaitAsleep() {
+        std::unique_lock lock(mutex);
+        changed.wait(lock, [this] { return asleep || ended; });
+    }
+
+    /// Lets the sleeping thread do one round and returns when it sleeps again.
+    void RunOneRound() {
+        std::unique_lock lock(mutex);
+        called = true;
+        changed.notify_all();
+        changed.wait(lock, [this] { return (asleep && !called) || ended; });
+    }
+};
+
+class ScriptedDesktop::FrameSleeper : public Sleeper {
+public:
+    explicit FrameSleeper(std::shared_ptr<Rendezvous> sharedPtr) : rendezvousPtr(std::move(sharedPtr)) {}
+    ~FrameSleeper() override { Wake(); }
+
+    bool Sleep(int) override {
+        Rendezvous& meeting = *rendezvousPtr;
+        std::unique_lock lock(meeting.mutex);
+        meeting.asleep = true;
+        meeting.changed.notify_all();
+        meeting.changed.wait(lock, [&meeting] { return meeting.called || meeting.ended; });
+        meeting.asleep = false;
+        meeting.called = false;
+        return !meeting.ended;
+    }
+
+    void Wake() override {
+        const std::lock_guard lock(rendezvousPtr->mutex);
+        rendezvousPtr->ended = true;
+        rendezvousPtr->changed.notify_all();
+    }
+
+private:
+    std::shared_ptr<Rendezvous> rendezvousPtr;
+};
+
+/// Writes down every command before the silent player carries it out.
+class ScriptedDesktop::Recorder : public MediaInterface {
+public:
+    explicit Recorder(ScriptedDesktop& recordingDesktop)
+        : desktop(recordingDesktop), playerPtr(MakeSilentMedia(recordingDesktop)) {}
+
+    DWORD Send(std::wstring_view command, std::wstring* replyPtr, HWND notifyWindow) override {
+        desktop.mediaCommands.push_back({desktop.frame, std::wstring(command)});
+        return playerPtr->Send(command, replyPtr, notifyWindow);
+    }
+    void Suspend(bool suspend) override { playerPtr->Suspend(suspend); }
+    void Update() override { playerPtr->Update(); }
+
+private:
+    ScriptedDesktop& desktop;
+    std::unique_ptr<MediaInterface> playerPtr;
+};
+
+ScriptedDesktop::ScriptedDesktop(double frameSeconds) : secondsPerFrame(frameSeconds) {}
+
+ScriptedDesktop::~ScriptedDesktop() { CloseMedia(); }
+
+void ScriptedDesktop::At(int eventFrame, std::function<void()> action) {
+    const auto position = std::upper_bound(events.begin(), events.end(), eventFrame,
+                                           [](int number, const Event& event) { return number < event.frame; });
+    events.insert(position, {eventFrame, std::move(action)});
+}
+
+void ScriptedDesktop::SetKey(int virtualKey, bool isDown) {
+    const std::lock_guard lock(keyMutex);
+    keys[virtualKey & 255] = isDown;
+}
+
+bool ScriptedDesktop::IsKeyDown(int virtualKey) const {
+    const std::lock_guard lock(keyMutex);
+    return keys[virtualKey & 255];
+}
+
+std::unique_ptr<Sleeper> ScriptedDesktop::MakeSleeper() {
+    rendezvousPtr = std::make_shared<Rendezvous>();
+    return std::make_unique<FrameSleeper>(rendezvousPtr);
+}
+
+bool ScriptedDesktop::Present(HWND, const FrameView& view, bool) {
+    if (onFrame) onFrame(frame, view);
+    ++frame;
+    stage = Stage::events;
+    return true;
+}
+
+void ScriptedDesktop::MessageBox(std::wstring_view text, std::wstring_view caption) {
+    boxes.push_back({std::wstring(text), std::wstring(caption)});
+}
+
+void ScriptedDesktop::OutputDebugString(std::wstring_view text) {
+    if (onDebugString) {
+        onDebugString(text);
+    } else {
+        debugLines.emplace_back(text);
+    }
+}
+
+void ScriptedDesktop::PumpEvents(bool wait) {
+    if (wait && stage == Stage::frame) {
+        // The program sleeps through this frame: time goes on without it.
+        ++frame;
+        stage = Stage::events;
+        const bool nothingWillHappen = endFrame < 0 && nextEvent == events.size();
+        if (nothingWillHappen) endFrame = frame;
+    }
+    if (stage == Stage::events) {
+        BeginFrame();
+        stage = Stage::notices;
+        if (HasQueuedMessages()) return; // what the frame's events and the poll posted goes first
+    }
+    if (stage == Stage::notices) {
+        Media().Update();
+        stage = Stage::frame;
+    }
+}
+
+std::unique_ptr<MediaInterface> ScriptedDesktop::MakeMedia() { return std::make_unique<Recorder>(*this); }
+
+void ScriptedDesktop::ShowMainWindow(Window& window) {
+    if (window.visible) SendMessage(&window, WM_ACTIVATE, WA_ACTIVE, 0);
+}
+
+void ScriptedDesktop::BeginFrame() {
+    if (frame == endFrame) {
+        PostMessage(MainWindow(), WM_DESTROY, 0, 0);
+        return;
+    }
+    // The thread must have finished its last round before keys change under it.
+    if (rendezvousPtr) rendezvousPtr->AwaitAsleep();
+    RunEvents();
+    if (rendezvousPtr) rendezvousPtr->RunOneRound();
+}
+
+void ScriptedDesktop::RunEvents() {
+    while (nextEvent < events.size() && events[nextEvent].frame <= frame) {
+        const std::function<void()> action = events[nextEvent++].action;
+        action();
+    }
+}
+
+} // namespace platform

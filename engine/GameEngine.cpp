@@ -1,0 +1,300 @@
+#include "engine/GameEngine.h"
+
+#include "platform/Console.h"
+#include "platform/Desktop.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+using platform::Desktop;
+
+namespace {
+GameEngine* singletonPtr = nullptr;
+
+constexpr double longestStep = 0.05; // seconds; a stall never becomes one huge step
+constexpr int keyPollMilliseconds = 16;
+
+int LowWord(LPARAM value) { return static_cast<int>(value & 0xFFFF); }
+int HighWord(LPARAM value) { return static_cast<int>(value >> 16 & 0xFFFF); }
+} // namespace
+
+GameEngine* GameEngine::GetSingleton() {
+    if (singletonPtr == nullptr) singletonPtr = new GameEngine;
+    return singletonPtr;
+}
+
+GameEngine::GameEngine() : title(L"") {
+    singletonPtr = this; // the factories below may already have to show a message
+    const Desktop& desktop = Desktop::Current();
+    std::srand(static_cast<unsigned>(static_cast<double>(desktop.Counter()) * desktop.SecondsPerCount() * 1000.0));
+    keyReleases.reserve(maxWatchedKeys);
+    deliveredReleases.reserve(maxWatchedKeys);
+    CreateDeviceIndependentResources();
+    keySleeperPtr = Desktop::Current().MakeSleeper();
+    keyThread = std::thread(KeyboardThreadEntry, this);
+}
+
+GameEngine::~GameEngine() {
+    consolePtr.reset();
+    keyThreadRunning = false;
+    keySleeperPtr->Wake();
+    keyThread.join();
+    frameClock.reset();
+    gamePtr.reset();
+    defaultFontPtr.reset();
+    DiscardDeviceResources();
+    DWriteFactoryPtr.reset();
+    WICFactoryPtr.reset();
+    D2DFactoryPtr.reset();
+    Desktop::Current().DestroyWindow(hWindow);
+    singletonPtr = nullptr;
+}
+
+int GameEngine::Run(HINSTANCE instance, int iCmdShow) {
+    SetInstance(instance);
+    frameClock = std::make_unique<StopWatch>();
+    frameClock->Reset();
+    gamePtr->GameInitialize(instance);
+    if (!CreateGameWindow(iCmdShow)) return 0;
+    CreateDeviceResources();
+    gamePtr->GameStart();
+    Repaint();
+
+    Desktop& desktop = Desktop::Current();
+    platform::Message message;
+    while (message.message != WM_QUIT) {
+        DeliverKeyReleases(); // before the queue is looked at: a release may have ended the game
+        if (desktop.PeekMessage(message)) {
+            desktop.DispatchMessage(message);
+        } else if (!sleeping && runGameLoop) {
+            RunFrame();
+        } else {
+            desktop.WaitMessage();
+        }
+    }
+    gamePtr->GameEnd();
+    delete this;
+    return static_cast<int>(message.wParam);
+}
+
+void GameEngine::RunFrame() {
+    const double elapsed = frameClock->GetGameTime();
+    frameClock->Reset();
+    gamePtr->CheckKeyboard();
+    gamePtr->GameTick(std::min(elapsed, longestStep));
+    PaintFrame();
+}
+
+void GameEngine::SetSleep(bool sleep) {
+    if (!frameClock) return;
+    sleeping = sleep;
+    if (sleep) {
+        frameClock->Stop();
+    } else {
+        frameClock->Start();
+    }
+}
+
+void GameEngine::QuitGame() { Desktop::Current().PostMessage(hWindow, WM_DESTROY, 0, 0); }
+
+bool GameEngine::CreateGameWindow(int iCmdShow) {
+    Desktop& desktop = Desktop::Current();
+    const POINT screen = desktop.ScreenSize();
+    const int left = (screen.x - width) / 2;
+    const int top = (screen.y - height) / 2;
+    platform::Window description;
+    description.procedure = WndProc;
+    description.className = title.C_str();
+    description.text = title.C_str();
+    description.style = WS_POPUP | WS_CLIPCHILDREN | WS_BORDER | WS_SYSMENU;
+    description.bounds = {left, top, left + width, top + height};
+    description.iconId = iconID;
+    description.smallIconId = smallIconID;
+    hWindow = desktop.CreateWindow(description);
+    if (hWindow == nullptr) return false;
+    desktop.ShowWindow(hWindow, iCmdShow != 0);
+    return true;
+}
+
+void GameEngine::Repaint() { Desktop::Current().InvalidateWindow(hWindow); }
+
+POINT GameEngine::GetWindowPosition() const {
+    return hWindow == nullptr ? POINT{} : POINT{hWindow->bounds.left, hWindow->bounds.top};
+}
+
+void GameEngine::SetWindowPosition(int left, int top) {
+    Desktop::Current().MoveWindow(hWindow, left, top);
+    Repaint();
+}
+
+void GameEngine::ShowMousePointer(bool show) {
+    Desktop::Current().ShowMousePointer(show);
+    Repaint();
+}
+
+bool GameEngine::GoFullscreen() {
+    if (fullscreen || !Desktop::Current().SetFullscreen(true)) return false;
+    fullscreen = true;
+    Repaint();
+    return true;
+}
+
+bool GameEngine::GoWindowedMode() {
+    if (!fullscreen) return false;
+    Desktop::Current().SetFullscreen(false);
+    fullscreen = false;
+    Repaint();
+    return true;
+}
+
+LRESULT GameEngine::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return GetSingleton()->HandleEvent(window, message, wParam, lParam);
+}
+
+LRESULT GameEngine::HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    Desktop& desktop = Desktop::Current();
+    switch (message) {
+    case WM_CREATE: SetWindow(window); return 0;
+    case WM_DESTROY: desktop.PostQuitMessage(0); return 0;
+    case WM_SIZE:
+        if (wParam == SIZE_MAXIMIZED) window->style &= ~WS_CAPTION;
+        return 0;
+    case WM_ACTIVATE:
+        SetSleep(wParam == WA_INACTIVE);
+        desktop.SuspendMedia(wParam == WA_INACTIVE); // whoever switches away expects silence
+        return 0;
+    case WM_ENTERSIZEMOVE: SetSleep(true); return 0;
+    case WM_EXITSIZEMOVE: SetSleep(false); return 0;
+    case WM_PAINT:
+        desktop.ValidateWindow(window);
+        if (!runGameLoop && deviceResourcesCreated) PaintFrame();
+        return 0;
+    case WM_SYSCOMMAND:
+        if (wParam == SC_KEYMENU) return 0; // the keyboard never opens the system menu
+        break;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORBTN: return desktop.SendMessage(reinterpret_cast<HWND>(lParam), WM_CTLCOLOREDIT, wParam, lParam);
+    case WM_MOUSEMOVE:
+        mousePosition = {LowWord(lParam), HighWord(lParam)};
+        gamePtr->MouseMove(mousePosition.x, mousePosition.y, wParam);
+        return 0;
+    case WM_LBUTTONDOWN: return ForwardMouseButton(true, true, wParam, lParam);
+    case WM_LBUTTONUP: return ForwardMouseButton(true, false, wParam, lParam);
+    case WM_RBUTTONDOWN: return ForwardMouseButton(false, true, wParam, lParam);
+    case WM_RBUTTONUP: return ForwardMouseButton(false, false, wParam, lParam);
+    default: break;
+    }
+    return desktop.DefaultWindowProcedure(window, message, wParam, lParam);
+}
+
+LRESULT GameEngine::ForwardMouseButton(bool isLeft, bool isDown, WPARAM wParam, LPARAM lParam) {
+    gamePtr->MouseButtonAction(isLeft, isDown, LowWord(lParam), HighWord(lParam), wParam);
+    return 0;
+}
+
+void GameEngine::SetKeyList(String newKeyList) {
+    const std::lock_guard lock(keyMutex);
+    const String codes = newKeyList.ToUpperCase(); // the codes of letters are their capitals
+    keyList.assign(codes.C_str(), codes.C_str() + codes.GetLength());
+}
+
+bool GameEngine::IsKeyDown(int vKey) const { return Desktop::Current().IsKeyDown(vKey); }
+
+void GameEngine::KeyboardThreadEntry(void* enginePtr) {
+    auto* const engine = static_cast<GameEngine*>(enginePtr);
+    engine->KeyboardThreadProc();
+    engine->keySleeperPtr->Wake(); // nobody has to wait for this thread's next round
+}
+
+DWORD GameEngine::KeyboardThreadProc() {
+    while (keyThreadRunning) {
+        PollKeys();
+        keySleeperPtr->Sleep(keyPollMilliseconds);
+    }
+    return 0;
+}
+
+void GameEngine::PollKeys() {
+    Desktop& desktop = Desktop::Current();
+    const std::lock_guard lock(keyMutex);
+    const int count = std::min(static_cast<int>(keyList.size()), maxWatchedKeys);
+    bool anyReleased = false;
+    for (int i = 0; i < count; ++i) {
+        const WORD key = keyList[static_cast<std::size_t>(i)];
+        const DWORD bit = DWORD{1} << i;
+        if (desktop.IsKeyDown(key)) {
+            keyMonitor |= bit;
+        } else if ((keyMonitor & bit) != 0) {
+            keyMonitor &= ~bit;
+            keyReleases.push_back(key);
+            anyReleased = true;
+        }
+    }
+    if (anyReleased) desktop.PostMessage(hWindow, WM_NULL, 0, 0); // wakes a loop that waits
+}
+
+void GameEngine::DeliverKeyReleases() {
+    {
+        const std::lock_guard lock(keyMutex);
+        deliveredReleases.swap(keyReleases);
+    }
+    for (const WORD key : deliveredReleases) gamePtr->KeyPressed(static_cast<TCHAR>(key));
+    deliveredReleases.clear();
+}
+
+void GameEngine::MessageBox(String text) {
+    if (title.GetLength() == 0) title = L"No Title";
+    Desktop::Current().MessageBox(text.C_str(), title.C_str());
+}
+
+void GameEngine::MessageBox(int value) { MessageBox(String(L"") + value); }
+void GameEngine::MessageBox(unsigned int value) { MessageBox(String(L"") + value); }
+void GameEngine::MessageBox(double value) { MessageBox(String(L"") + value); }
+
+void GameEngine::OutputDebugString(String text) { Desktop::Current().OutputDebugString(text.C_str()); }
+
+void GameEngine::OpenConsole() {
+    if (consolePtr) return;
+    const String consoleTitle = String(L"Console ") + title;
+    consolePtr = std::make_unique<platform::Console>(consoleTitle.C_str());
+}
+
+void GameEngine::PrintToConsole(std::wstring_view text) {
+    if (consolePtr) consolePtr->PrintLine(text);
+}
+
+void GameEngine::ConsolePrintString(String text) { PrintToConsole(text.C_str()); }
+
+void GameEngine::ConsolePrintString(std::string text) { PrintToConsole(std::wstring(text.begin(), text.end())); }
+
+void GameEngine::ConsolePrintString(String text, int x, int y) {
+    ConsoleSetCursorPosition(x, y);
+    ConsolePrintString(text);
+}
+
+void GameEngine::ConsolePrintString(std::string text, int x, int y) {
+    ConsoleSetCursorPosition(x, y);
+    ConsolePrintString(std::move(text));
+}
+
+void GameEngine::ConsoleSetCursorPosition(int column, int row) {
+    if (consolePtr) consolePtr->SetCursorPosition(column, row);
+}
+
+void GameEngine::ConsoleSetForeColor(bool red, bool green, bool blue, bool intensity) {
+    if (consolePtr) consolePtr->SetForeColor(red, green, blue, intensity);
+}
+
+void GameEngine::ConsoleSetBackColor(bool red, bool green, bool blue, bool intensity) {
+    if (consolePtr) consolePtr->SetBackColor(red, green, blue, intensity);
+}
+
+void GameEngine::ConsoleClear() {
+    if (consolePtr) consolePtr->Clear();
+}
+
+void GameEngine::Fail(wchar_t const* text) {
+    MessageBox(text);
+    platform::ExitProcess(-1);
+}

@@ -231,7 +231,7 @@ void GameEngine::PollKeys() {
             anyReleased = true;
         }
     }
-    if (anyReleased) desktop.PostMessage(hWindow, WM_NULL, 0, 0); // wakes a loop that waits
+    if (anyReleased) desktop.PostMessage(nullptr, WM_NULL, 0, 0); // wakes a loop that waits
 }
 
 void GameEngine::DeliverKeyReleases() {

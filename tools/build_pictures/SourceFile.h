@@ -1,0 +1,31 @@
+#pragma once
+
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace pictures {
+
+/// Reads a text source line by line and word by word; # begins a comment. Every fault throws SourceError.
+class SourceFile {
+public:
+    explicit SourceFile(const std::string& path);
+
+    /// Goes to the next line that holds words; false at the end.
+    bool NextLine();
+    /// The next line as it stands, comment characters and blanks included; for character grids.
+    std::string RawLine();
+    bool More();
+    /// The next word of the line; `what` says in the fault what is missing.
+    std::string Word(const std::string& what);
+    int Number(const std::string& what);
+    [[noreturn]] void Fail(const std::string& fault) const;
+
+private:
+    std::string path;
+    std::ifstream stream;
+    std::istringstream words;
+    int lineNumber = 0;
+};
+
+} // namespace pictures

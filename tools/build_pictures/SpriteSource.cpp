@@ -1,0 +1,172 @@
+#include "tools/build_pictures/SpriteSource.h"
+
+#include "tools/build_pictures/SourceFile.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace pictures {
+
+using platform::Picture;
+
+SpriteSource::SpriteSource(const std::string& path, const Palette& usedPalette) : palette(usedPalette) {
+    SourceFile file(path);
+    while (file.NextLine()) {
+        const std::string order = file.Word("an order");
+        if (order == "key") {
+            ReadKeys(file, standardKeys);
+        } else if (order == "swap") {
+            Keys& swap = swaps[file.Word("a name")];
+            swap = standardKeys;
+            ReadKeys(file, swap);
+        } else if (order == "part") {
+            ReadPart(file);
+        } else if (order == "mirror") {
+            const std::string name = file.Word("a name");
+            const auto part = parts.find(file.Word("a part"));
+            if (part == parts.end()) file.Fail("no such part");
+            Grid grid = part->second;
+            for (std::string& row : grid.rows) {
+                row.resize(static_cast<std::size_t>(grid.width), '.');
+                std::reverse(row.begin(), row.end());
+            }
+            parts[name] = grid;
+            frames[name] = {{grid, 0, 0}};
+        } else if (order == "frame") {
+            ReadFrame(file);
+        } else if (order == "sheet") {
+            ReadSheet(file);
+        } else if (order == "row") {
+            ReadRow(file);
+        } else if (order == "rim") {
+            ReadRim(file);
+        } else {
+            file.Fail("unknown order " + order);
+        }
+    }
+}
+
+void SpriteSource::PaintFrame(Picture& picture, const std::string& name, int x, int y, bool mirrored) const {
+    Paint(picture, frames.at(name), x, y, standardKeys, mirrored);
+}
+
+void SpriteSource::ReadKeys(SourceFile& file, Keys& keys) const {
+    do {
+        const std::string character = file.Word("a character");
+        if (character.size() != 1) file.Fail("a key is one character");
+        keys[character[0]] = Colour(file, file.Word("a colour"));
+    } while (file.More());
+}
+
+void SpriteSource::ReadPart(SourceFile& file) {
+    const std::string name = file.Word("a name");
+    Grid grid;
+    for (std::string row = file.RawLine(); row != "end"; row = file.RawLine()) {
+        for (const char c : row) {
+            if (c != '.' && !standardKeys.contains(c)) file.Fail(std::string("no key for the character ") + c);
+        }
+        grid.width = std::max(grid.width, static_cast<int>(row.size()));
+        grid.rows.push_back(row);
+    }
+    parts[name] = grid;
+    frames[name] = {{grid, 0, 0}}; // a part is a frame of its own, too
+}
+
+void SpriteSource::ReadFrame(SourceFile& file) {
+    const std::string name = file.Word("a name");
+    std::vector<Placed> placed;
+    while (file.More()) {
+        const std::string word = file.Word("a part");
+        const std::size_t at = word.find('@');
+        int x = 0;
+        int y = 0;
+        if (at != std::string::npos && std::sscanf(word.c_str() + at, "@%d,%d", &x, &y) != 2) {
+            file.Fail("a part is placed as NAME@dx,dy");
+        }
+        // an earlier frame may stand for a part, so that a bob moves a whole figure
+        const auto frame = frames.find(word.substr(0, at));
+        if (frame == frames.end()) file.Fail("no such part: " + word);
+        for (const Placed& part : frame->second) placed.push_back({part.grid, part.x + x, part.y + y});
+    }
+    frames[name] = placed;
+}
+
+void SpriteSource::ReadSheet(SourceFile& file) {
+    currentSheet = file.Word("a file name");
+    const int width = file.Number("the width");
+    const int height = file.Number("the height");
+    if (width <= 0 || height <= 0 || width > 4096 || height > 4096)
+        file.Fail("a sheet is 1 to 4096 pixels wide and high");
+    currentGround = Colour(file, file.Word("the ground colour"));
+    sheets[currentSheet] = Picture(width, height, currentGround);
+}
+
+void SpriteSource::ReadRow(SourceFile& file) {
+    if (currentSheet.empty()) file.Fail("a row needs a sheet before it");
+    int x = file.Number("x");
+    const int y = file.Number("y");
+    const int step = file.Number("the step");
+    const Keys* keysPtr = &standardKeys;
+    std::string word = file.Word("\":\"");
+    if (word != ":") {
+        const auto swap = swaps.find(word);
+        if (swap == swaps.end()) file.Fail("no such swap: " + word);
+        keysPtr = &swap->second;
+        word = file.Word("\":\"");
+    }
+    for (; file.More(); x += step) {
+        const auto frame = frames.find(file.Word("a frame"));
+        if (frame == frames.end()) file.Fail("no such frame");
+        Paint(sheets[currentSheet], frame->second, x, y, *keysPtr, false);
+    }
+}
+
+void SpriteSource::ReadRim(SourceFile& file) {
+    const std::uint32_t colour = Colour(file, file.Word("a colour"));
+    const int cell = file.Number("the cell's size");
+    if (currentSheet.empty() || cell <= 0) file.Fail("a rim needs a sheet before it and cells of at least one pixel");
+    const Picture before = sheets[currentSheet];
+    Picture& sheet = sheets[currentSheet];
+    const auto isShown = [&](int x, int y, int neighbourX, int neighbourY) {
+        return neighbourX >= 0 && neighbourY >= 0 && neighbourX < before.width && neighbourY < before.height &&
+               neighbourX / cell == x / cell && neighbourY / cell == y / cell &&
+               before.At(neighbourX, neighbourY) != currentGround;
+    };
+    for (int y = 0; y < sheet.height; ++y) {
+        for (int x = 0; x < sheet.width; ++x) {
+            if (before.At(x, y) != currentGround) continue;
+            for (int i = 0; i < 9; ++i) {
+                if (isShown(x, y, x + i % 3 - 1, y + i / 3 - 1)) sheet.At(x, y) = colour;
+            }
+        }
+    }
+}
+
+std::uint32_t SpriteSource::Colour(SourceFile& file, const std::string& name) const {
+    if (name == "clear") return 0;
+    if (name == "magenta") return 0xffff00ff;   // what the game takes out of the sheets without alpha
+    if (name == "nearblack") return 0xff000001; // what the game takes out of the font
+    if (!palette.Has(name)) file.Fail("no such colour: " + name);
+    return palette[name];
+}
+
+void SpriteSource::Paint(Picture& picture, const std::vector<Placed>& frame, int x, int y, const Keys& keys,
+                         bool mirrored) const {
+    int width = 0;
+    for (const Placed& part : frame) width = std::max(width, part.x + part.grid.width);
+    for (const Placed& part : frame) {
+        for (int row = 0; row < static_cast<int>(part.grid.rows.size()); ++row) {
+            const std::string& text = part.grid.rows[static_cast<std::size_t>(row)];
+            for (int column = 0; column < static_cast<int>(text.size()); ++column) {
+                const char c = text[static_cast<std::size_t>(column)];
+                const int inFrame = part.x + column;
+                const int px = x + (mirrored ? width - 1 - inFrame : inFrame);
+                const int py = y + part.y + row;
+                if (c == '.' || px < 0 || py < 0 || px >= picture.width || py >= picture.height) continue;
+                picture.At(px, py) = keys.at(c);
+            }
+        }
+    }
+}
+
+} // namespace pictures

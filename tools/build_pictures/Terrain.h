@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pictures {
+
+/// What is solid in the level, read from a drawing whose first path has only straight edges.
+class Terrain {
+public:
+    /// Reads the outline of `path` for a level of `width` x `height` pixels; throws SourceError.
+    Terrain(const std::string& path, int width, int height);
+
+    /// Is the pixel in column `x`, row `y` solid? Beyond the level's edges the nearest pixel answers.
+    bool IsSolid(int x, int y) const;
+    /// The first row at or below `fromY` of column `x` that is solid; the level's height if there is none.
+    int GroundBelow(int x, int fromY) const;
+    /// Pixels from (x, y), which must be solid, to the nearest air straight that way, 1 if it is the next one; at most
+    /// `limit`.
+    int DepthFrom(int x, int y, int stepX, int stepY, int limit) const;
+    /// Writes the outline alone, as the game reads it. False if the file cannot be written.
+    bool SaveOutline(const std::string& path) const;
+
+private:
+    struct Corner {
+        int x;
+        int y;
+    };
+
+    void Fill();
+
+    int width;
+    int height;
+    std::vector<std::vector<Corner>> figures;
+    std::vector<std::uint8_t> solid;
+};
+
+} // namespace pictures

@@ -1,0 +1,381 @@
+#include "platform/WindowedDesktop.h"
+
+#include "platform/Media.h"
+#include "platform/Pacer.h"
+#include "platform/Unicode.h"
+#include "platform/sdl/Debugger.h"
+#include "platform/sdl/Keyboard.h"
+#include "platform/sdl/Screen.h"
+#include "platform/sdl/ThreadSleeper.h"
+
+#include <SDL.h>
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+#include <utility>
+
+namespace platform {
+
+namespace {
+using Clock = std::chrono::steady_clock;
+
+/// Two numbers of 16 bits in one parameter, as the mouse and size messages carry them.
+LPARAM Pack(int low, int high) {
+    return static_cast<LPARAM>((static_cast<std::uint32_t>(high) & 0xFFFF) << 16 |
+                               (static_cast<std::uint32_t>(low) & 0xFFFF));
+}
+
+bool Contains(RECT rect, POINT point) {
+    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
+}
+
+/// The character that a key types without being text, 0 if none.
+char32_t ControlCharacter(int virtualKey) {
+    switch (virtualKey) {
+    case VK_BACK:
+    case VK_TAB:
+    case VK_RETURN:
+    case VK_ESCAPE: return static_cast<char32_t>(virtualKey);
+    default: return 0;
+    }
+}
+
+WPARAM MouseFlags() {
+    const std::uint32_t buttons = SDL_GetMouseState(nullptr, nullptr);
+    const int modifiers = SDL_GetModState();
+    return ((buttons & SDL_BUTTON_LMASK) != 0 ? MK_LBUTTON : 0) | ((buttons & SDL_BUTTON_RMASK) != 0 ? MK_RBUTTON : 0) |
+           ((modifiers & KMOD_SHIFT) != 0 ? MK_SHIFT : 0) | ((modifiers & KMOD_CTRL) != 0 ? MK_CONTROL : 0);
+}
+
+/// The window library, running for as long as this lives; without a display it is not ready.
+class VideoLibrary {
+public:
+    VideoLibrary() {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"); // a plain surface stays plain, whatever GL there is
+        SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+        SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");        // messages end at the window's edge
+        SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");  // the click that activates is a click as well
+        SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"); // closing is asked for by the window's own event
+        SDL_SetHint(SDL_HINT_WINDOWS_DPI_AWARENESS, "permonitorv2");
+        ready = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+        if (!ready) error = SDL_GetError();
+    }
+    ~VideoLibrary() { SDL_Quit(); }
+    VideoLibrary(const VideoLibrary&) = delete;
+    VideoLibrary& operator=(const VideoLibrary&) = delete;
+
+    bool IsReady() const { return ready; }
+    const std::string& Error() const { return error; }
+
+private:
+    bool ready = false;
+    std::string error;
+};
+
+class WindowedDesktop : public Desktop {
+public:
+    ~WindowedDesktop() override { CloseMedia(); }
+
+    POINT ScreenSize() const override;
+    bool IsKeyDown(int virtualKey) const override { return keyboard.IsDown(virtualKey); }
+    std::unique_ptr<Sleeper> MakeSleeper() override { return std::make_unique<ThreadSleeper>(); }
+    std::int64_t Counter() const override { return Clock::now().time_since_epoch().count(); }
+    double SecondsPerCount() const override {
+        return static_cast<double>(Clock::period::num) / static_cast<double>(Clock::period::den);
+    }
+    bool Present(HWND window, const FrameView& frame, bool waitForBlank) override;
+    void MessageBox(std::wstring_view text, std::wstring_view caption) override;
+    void OutputDebugString(std::wstring_view text) override;
+    void ShowMousePointer(bool show) override;
+    bool SetFullscreen(bool fullscreen) override;
+
+protected:
+    void PumpEvents(bool wait) override;
+    void WakeEvents() override;
+    std::unique_ptr<MediaInterface> MakeMedia() override;
+    bool OpenMainWindow(Window& window) override;
+    void ShowMainWindow(Window& window) override;
+    void MoveMainWindow(Window& window) override;
+    void CloseMainWindow(Window& window) override;
+
+private:
+    void WaitForEvents();
+    void Handle(const SDL_Event& event);
+    void HandleWindow(const SDL_WindowEvent& event);
+    void HandleKey(const SDL_KeyboardEvent& event);
+    void HandleText(const char* text);
+    void HandleMouseButton(const SDL_MouseButtonEvent& event);
+    void PostMouse(UINT message, POINT windowPoint);
+    void PostSize(WPARAM how);
+    void Activate(bool active);
+    void UpdateBounds();
+    HWND ChildAt(POINT point) const;
+
+    VideoLibrary video;
+    const std::thread::id mainThread = std::this_thread::get_id();
+    std::unique_ptr<Screen> screenPtr;
+    Keyboard keyboard;
+    Pacer pacer;
+    double blankRate = 0.0;
+    MediaInterface* playerPtr = nullptr; // the desktop's own, once it is made
+    bool isActive = false;
+    bool menuKeyAlone = false; // Alt or F10 is down and nothing else was pressed since
+    WORD pendingIcon = 0;      // put on the window when the first frame is seen
+
+    std::atomic<bool> wakeRequested{false};
+    std::mutex wakeMutex; // this pair is for waiting without a display
+    std::condition_variable wakeChanged;
+};
+
+POINT WindowedDesktop::ScreenSize() const {
+    SDL_Rect bounds{};
+    if (!video.IsReady() || SDL_GetDisplayBounds(0, &bounds) != 0) return {};
+    return {bounds.w, bounds.h};
+}
+
+bool WindowedDesktop::Present(HWND window, const FrameView& frame, bool waitForBlank) {
+    if (window == nullptr || window != MainWindow() || !screenPtr) return false;
+    if (!screenPtr->Present(frame, waitForBlank)) return false;
+    if (pendingIcon != 0) screenPtr->SetIcon(std::exchange(pendingIcon, WORD{0}));
+    if (!waitForBlank) return true;
+    if (const double rate = screenPtr->BlankRate(); rate != blankRate) {
+        blankRate = rate;
+        pacer.SetBlankRate(rate);
+    }
+    // The wait comes after showing the frame: what the player does is then seen one frame sooner than if it came
+    // before.
+    const Pacer::Time next = pacer.NextFrame(Clock::now().time_since_epoch());
+    std::this_thread::sleep_until(Clock::time_point(next));
+    return true;
+}
+
+void WindowedDesktop::MessageBox(std::wstring_view text, std::wstring_view caption) {
+    const std::string message = ToUtf8(text);
+    const std::string title = ToUtf8(caption);
+    const SDL_MessageBoxButtonData button{
+        SDL_MESSAGEBOX_BUTTON_RETURNKEY_DEFAULT | SDL_MESSAGEBOX_BUTTON_ESCAPEKEY_DEFAULT, 0, "OK"};
+    SDL_Window* const owner = screenPtr ? screenPtr->Handle() : nullptr;
+    const SDL_MessageBoxData box{
+        SDL_MESSAGEBOX_INFORMATION, owner, title.c_str(), message.c_str(), 1, &button, nullptr};
+    int pressed = 0;
+    if (!video.IsReady() || SDL_ShowMessageBox(&box, &pressed) != 0) {
+        std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
+    }
+}
+
+void WindowedDesktop::OutputDebugString(std::wstring_view text) {
+    if (!IsDebuggerAttached()) return;
+    const std::string line = ToUtf8(text);
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+void WindowedDesktop::ShowMousePointer(bool show) {
+    if (video.IsReady()) SDL_ShowCursor(show ? SDL_ENABLE : SDL_DISABLE);
+}
+
+bool WindowedDesktop::SetFullscreen(bool fullscreen) { return screenPtr && screenPtr->SetFullscreen(fullscreen); }
+
+void WindowedDesktop::PumpEvents(bool wait) {
+    if (wait) WaitForEvents();
+    if (video.IsReady()) {
+        for (SDL_Event event; SDL_PollEvent(&event) != 0;) Handle(event);
+    }
+    wakeRequested = false;
+    if (playerPtr != nullptr) playerPtr->Update();
+}
+
+void WindowedDesktop::WaitForEvents() {
+    // Notices of ended sounds are found by looking. In the background sound rests, and so does this.
+    constexpr auto noticePeriod = std::chrono::milliseconds(50);
+    const bool mayHear = playerPtr != nullptr && (isActive || !screenPtr);
+    if (video.IsReady()) {
+        SDL_WaitEventTimeout(nullptr, mayHear ? static_cast<int>(noticePeriod.count()) : -1);
+        return;
+    }
+    std::unique_lock lock(wakeMutex);
+    const auto isWoken = [this] { return wakeRequested.load(); };
+    if (mayHear) {
+        wakeChanged.wait_for(lock, noticePeriod, isWoken);
+    } else {
+        wakeChanged.wait(lock, isWoken);
+    }
+}
+
+void WindowedDesktop::WakeEvents() {
+    if (std::this_thread::get_id() == mainThread || wakeRequested.exchange(true)) return;
+    if (video.IsReady()) {
+        SDL_Event event{};
+        event.type = SDL_USEREVENT;
+        SDL_PushEvent(&event);
+    } else {
+        const std::lock_guard lock(wakeMutex);
+        wakeChanged.notify_all();
+    }
+}
+
+std::unique_ptr<MediaInterface> WindowedDesktop::MakeMedia() {
+    auto madePtr = MakeDeviceMedia(*this);
+    playerPtr = madePtr.get();
+    return madePtr;
+}
+
+bool WindowedDesktop::OpenMainWindow(Window& window) {
+    const std::string title = ToUtf8(window.text);
+    const RECT bounds = window.bounds;
+    std::string error = video.Error();
+    if (video.IsReady()) {
+        screenPtr = std::make_unique<Screen>(title, POINT{bounds.left, bounds.top},
+                                             POINT{bounds.right - bounds.left, bounds.bottom - bounds.top});
+        if (screenPtr->IsOpen()) {
+            const POINT position = screenPtr->Position();
+            window.bounds = {position.x, position.y, position.x + bounds.right - bounds.left,
+                             position.y + bounds.bottom - bounds.top};
+            pendingIcon = window.iconId;
+            return true;
+        }
+        error = SDL_GetError();
+        screenPtr.reset();
+    }
+    std::fprintf(stderr, "%s: cannot open a window: %s\n", title.c_str(), error.c_str());
+    return false;
+}
+
+void WindowedDesktop::ShowMainWindow(Window& window) {
+    screenPtr->Show(window.visible);
+    if (window.visible) PostSize(SIZE_RESTORED);
+    // Without a window manager nobody may ever tell that the window is the active one.
+    Activate(window.visible);
+}
+
+void WindowedDesktop::MoveMainWindow(Window& window) { screenPtr->MoveTo({window.bounds.left, window.bounds.top}); }
+
+void WindowedDesktop::CloseMainWindow(Window&) {
+    screenPtr.reset();
+    keyboard.ReleaseAll();
+    isActive = false;
+}
+
+void WindowedDesktop::Handle(const SDL_Event& event) {
+    if (!screenPtr) return;
+    switch (event.type) {
+    case SDL_QUIT: PostMessage(MainWindow(), WM_CLOSE, 0, 0); break; // Ctrl+C in the terminal, or the session ends
+    case SDL_WINDOWEVENT: HandleWindow(event.window); break;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP: HandleKey(event.key); break;
+    case SDL_TEXTINPUT: HandleText(event.text.text); break;
+    case SDL_MOUSEMOTION: PostMouse(WM_MOUSEMOVE, {event.motion.x, event.motion.y}); break;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP: HandleMouseButton(event.button); break;
+    default: break;
+    }
+}
+
+// Moving the window is reported by its new position only: no display says when the user begins or ends to drag it, and
+// the program keeps running meanwhile, so WM_ENTERSIZEMOVE and WM_EXITSIZEMOVE, which announce a stop, never come.
+void WindowedDesktop::HandleWindow(const SDL_WindowEvent& event) {
+    switch (event.event) {
+    case SDL_WINDOWEVENT_EXPOSED:
+        screenPtr->ShowAgain();
+        InvalidateWindow(MainWindow());
+        break;
+    case SDL_WINDOWEVENT_MOVED: UpdateBounds(); break;
+    case SDL_WINDOWEVENT_DISPLAY_CHANGED: blankRate = -1.0; break; // asked anew at the next frame
+    case SDL_WINDOWEVENT_MINIMIZED: PostSize(SIZE_MINIMIZED); break;
+    case SDL_WINDOWEVENT_MAXIMIZED: PostSize(SIZE_MAXIMIZED); break;
+    case SDL_WINDOWEVENT_RESTORED: PostSize(SIZE_RESTORED); break;
+    case SDL_WINDOWEVENT_CLOSE: PostMessage(MainWindow(), WM_CLOSE, 0, 0); break;
+    case SDL_WINDOWEVENT_FOCUS_GAINED:
+    case SDL_WINDOWEVENT_FOCUS_LOST:
+        // How it is now, not how it was then: switching to the full screen may take the focus and give it back at once.
+        Activate(screenPtr->HasFocus());
+        break;
+    default: break;
+    }
+}
+
+void WindowedDesktop::HandleKey(const SDL_KeyboardEvent& event) {
+    const SDL_Keysym& key = event.keysym;
+    if (event.state == SDL_RELEASED) {
+        const int virtualKey = keyboard.Release(key.scancode);
+        if (virtualKey == 0) return;
+        PostMessage(MainWindow(), WM_KEYUP, static_cast<WPARAM>(virtualKey), 0);
+        if ((virtualKey == VK_MENU || virtualKey == VK_F10) && menuKeyAlone) {
+            PostMessage(MainWindow(), WM_SYSCOMMAND, SC_KEYMENU, 0);
+        }
+        return;
+    }
+    const int virtualKey = VirtualKeyOf(key.sym, key.scancode);
+    menuKeyAlone = virtualKey == VK_MENU || virtualKey == VK_F10;
+    if (virtualKey == VK_RETURN && (key.mod & KMOD_ALT) != 0) {
+        // For the player only: the program neither sees these keys nor that its picture has another size now.
+        if (event.repeat == 0) screenPtr->SetFullscreen(!screenPtr->IsFullscreen());
+        return;
+    }
+    if (virtualKey == 0) return;
+    keyboard.Press(key.scancode, virtualKey);
+    PostMessage(MainWindow(), WM_KEYDOWN, static_cast<WPARAM>(virtualKey), 0);
+    const char32_t character = ControlCharacter(virtualKey);
+    if (character != 0) PostMessage(MainWindow(), WM_CHAR, character, 0);
+}
+
+void WindowedDesktop::HandleText(const char* text) {
+    for (std::string_view utf8 = text; !utf8.empty();) PostMessage(MainWindow(), WM_CHAR, TakeCodePoint(utf8), 0);
+}
+
+void WindowedDesktop::HandleMouseButton(const SDL_MouseButtonEvent& event) {
+    const bool isDown = event.state == SDL_PRESSED;
+    const POINT point{event.x, event.y};
+    if (event.button == SDL_BUTTON_RIGHT) {
+        PostMouse(isDown ? WM_RBUTTONDOWN : WM_RBUTTONUP, point);
+    } else if (event.button == SDL_BUTTON_LEFT) {
+        // Only controls care about double clicks; for a game the second click is a click like any other.
+        const bool isDouble = event.clicks % 2 == 0 && ChildAt(screenPtr->FrameFromWindow(point)) != nullptr;
+        PostMouse(!isDown ? WM_LBUTTONUP : isDouble ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, point);
+    }
+}
+
+void WindowedDesktop::PostMouse(UINT message, POINT windowPoint) {
+    POINT point = screenPtr->FrameFromWindow(windowPoint);
+    HWND target = MainWindow();
+    if (const HWND childPtr = ChildAt(point); childPtr != nullptr) {
+        target = childPtr;
+        point = {point.x - childPtr->bounds.left, point.y - childPtr->bounds.top};
+    }
+    PostMessage(target, message, MouseFlags(), Pack(point.x, point.y));
+}
+
+void WindowedDesktop::PostSize(WPARAM how) {
+    const POINT size = how == SIZE_MINIMIZED ? POINT{} : screenPtr->FrameSize();
+    PostMessage(MainWindow(), WM_SIZE, how, Pack(size.x, size.y));
+}
+
+void WindowedDesktop::Activate(bool active) {
+    if (active == isActive) return;
+    isActive = active;
+    if (!active) keyboard.ReleaseAll(); // their releases go to another program
+    PostMessage(MainWindow(), WM_ACTIVATE, active ? WA_ACTIVE : WA_INACTIVE, 0);
+}
+
+void WindowedDesktop::UpdateBounds() {
+    const POINT position = screenPtr->Position();
+    RECT& bounds = MainWindow()->bounds;
+    bounds = {position.x, position.y, position.x + bounds.right - bounds.left, position.y + bounds.bottom - bounds.top};
+}
+
+HWND WindowedDesktop::ChildAt(POINT point) const {
+    HWND found = nullptr;
+    for (HWND childPtr : ChildWindows(MainWindow())) {
+        const bool listens = childPtr->visible && childPtr->enabled;
+        if (listens && Contains(childPtr->bounds, point)) found = childPtr; // later ones lie above earlier ones
+    }
+    return found;
+}
+} // namespace
+
+std::unique_ptr<Desktop> MakeWindowedDesktop() { return std::make_unique<WindowedDesktop>(); }
+
+} // namespace platform

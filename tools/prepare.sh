@@ -1,0 +1,24 @@
+# Installs what building Quillfen needs on Debian and Ubuntu and is not there yet. Sourced by play.sh, test.sh and CI:
+#     prepare play    what the game needs
+#     prepare test    and what its tests and benchmarks need
+prepare() {
+    local wanted="g++ cmake make pkg-config libsdl2-dev libsdl2-image-dev libcairo2-dev libpango1.0-dev
+                  libpolyclipping-dev libopenal-dev libsndfile1-dev libfluidsynth-dev fonts-dejavu-core"
+    if [ "$1" = test ]; then
+        wanted="$wanted libgtest-dev libgmock-dev libbenchmark-dev libboost-dev clang-format xvfb xdotool"
+    fi
+    local missing="" package
+    for package in $wanted; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+    done
+    [ -z "$missing" ] && return 0
+    if ! command -v apt-get >/dev/null; then
+        echo "These packages are needed, under your system's names for them:$missing" >&2
+        return 1
+    fi
+    echo "Installing:$missing"
+    local run=""
+    [ "$(id -u)" -eq 0 ] || run=sudo
+    # shellcheck disable=SC2086
+    $run apt-get update -qq && $run env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+}

@@ -1,0 +1,32 @@
+#include "game/DataFile.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+namespace {
+constexpr std::size_t labelLength = 15; // characters
+
+/// The number at the start of `text`; false if there is none or it does not fit. A carriage return behind the digits is
+/// one of the things that do not count.
+bool ParseInt(char const* text, int& value) {
+    char* endPtr = nullptr;
+    errno = 0;
+    const long number = std::strtol(text, &endPtr, 10);
+    if (endPtr == text || errno == ERANGE || number < INT_MIN || number > INT_MAX) return false;
+    value = static_cast<int>(number);
+    return true;
+}
+} // namespace
+
+// A folder can be opened like a file, but the first look into it fails.
+DataFile::DataFile(char const* path) : file(path), isReadable(file.is_open() && (file.peek(), !file.bad())) {}
+
+bool DataFile::ReadLine(DataLine& line) {
+    while (isReadable && std::getline(file, text)) {
+        if (text.size() < labelLength || !ParseInt(text.c_str() + labelLength, line.value)) continue;
+        line.label.assign(text, 0, labelLength);
+        return true;
+    }
+    return false;
+}

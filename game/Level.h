@@ -1,0 +1,68 @@
+#pragma once
+
+#include "engine/DOUBLE2.h"
+#include "engine/MATRIX3X2.h"
+#include "engine/RECT2.h"
+#include "game/Singleton.h"
+
+#include <memory>
+
+class Bitmap;
+class HitRegion;
+
+/// The one level: its pictures, the solid outline that bodies collide with, the places that trigger something, and the
+/// flag. Everything is in level pixels: the overworld in the top 224 rows, the underground room below its left end.
+class Level {
+public:
+    static Level* GetSingleton() { return Singleton<Level>::Get(); }
+    virtual ~Level();
+
+    /// Lowers the flag once it has been reached; when it is down, sends the hero into the castle on every tick.
+    void Tick(double deltaTime);
+    /// Background and flag.
+    void Paint(MATRIX3X2 matView);
+    /// The castle's front, behind which the hero disappears.
+    void PaintCastle(MATRIX3X2 matView);
+    void PaintPipes(MATRIX3X2 matView);
+    /// The solid outline and the flag pole.
+    void PaintDebug(MATRIX3X2 matView);
+    /// The strips that let the hero into the pipes.
+    void PaintDebugPipes(MATRIX3X2 matView);
+
+    /// The hero has touched the flag pole.
+    void SetFlagReached() { flagReached = true; }
+
+    /// Whether the flag has come down: the level is won.
+    bool IsFlagDown() const { return flagDown; }
+    /// Lies on top of the big pipe, the way down.
+    RECT2 GetPipeEntryRectVertical() const { return pipeEntryRectVertical; }
+    /// Lies on the floor before the horizontal pipe, the way out of the underground room.
+    RECT2 GetPipeEntryRectHorizontal() const { return pipeEntryRectHorizontal; }
+    RECT2 GetFlagpoleRect() const { return flagpoleRect; }
+    /// The solid outline, for casting rays; the level keeps it. Without a shape, and hit by nothing, if its file could
+    /// not be read.
+    HitRegion* GetCollisionRegion() const { return collisionRegionPtr.get(); }
+    /// The size of the level, which is that of its background.
+    int GetWidth() const;
+    int GetHeight() const;
+
+private:
+    friend class Singleton<Level>;
+    Level();
+
+    static void PaintAt(Bitmap* bitmapPtr, DOUBLE2 position, const MATRIX3X2& matView);
+
+    bool flagReached = false;
+    bool flagDown = false;
+    std::unique_ptr<Bitmap> backgroundBitmapPtr;
+    std::unique_ptr<Bitmap> castleBitmapPtr;
+    std::unique_ptr<Bitmap> pipeBigBitmapPtr;
+    std::unique_ptr<Bitmap> pipeHorizontalBitmapPtr;
+    std::unique_ptr<Bitmap> pipeSmallBitmapPtr;
+    std::unique_ptr<Bitmap> flagBitmapPtr;
+    std::unique_ptr<HitRegion> collisionRegionPtr;
+    RECT2 pipeEntryRectVertical;
+    RECT2 pipeEntryRectHorizontal;
+    RECT2 flagpoleRect;
+    DOUBLE2 flagPosition;
+};

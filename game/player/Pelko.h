@@ -1,0 +1,177 @@
+#pragma once
+
+#include "engine/DOUBLE2.h"
+#include "engine/MATRIX3X2.h"
+#include "engine/RECT2.h"
+#include "game/Singleton.h"
+#include "game/player/Fireball.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+
+class Bitmap;
+class HitRegion;
+
+enum HeroForm : int { heroSmall = 0, heroBig = 1, heroFire = 2 };
+
+enum HeroState : int {
+    heroStanding = 0,
+    heroWalking = 1,
+    heroDying = 2,
+    heroAirborne = 3,
+    heroShrinking = 4,
+    heroGrowing = 5,
+    heroChanged = 6, // the change of form is over; cleared on the next tick
+};
+
+/// Moves that the hero makes by himself.
+enum HeroMove : int { heroSinksIntoPipe = 0, heroWalksOutOfPipe = 1, heroWalksIntoCastle = 2 };
+
+/// The hero: the one figure that the player steers. He moves by the arrow keys and by gravity, stays out of the level's
+/// solid outline, changes his form, carries star power, and owns his fireballs. What he touches besides the outline is
+/// found by CollisionList, which calls back here.
+/// His position is in level pixels: x is the middle of the sprite, y its top edge.
+class Pelko {
+public:
+    static Pelko* GetSingleton() { return Singleton<Pelko>::Get(); }
+    virtual ~Pelko();
+
+    void Tick(double deltaTime);
+    /// Besides painting this turns the star's colours, and the hero to where the arrow keys point, even while he cannot
+    /// move.
+    void Paint(MATRIX3X2 matView);
+    void PaintDebug(MATRIX3X2 matView);
+
+    // What happens to him
+
+    /// A coordinate that is exactly `keepCoordinate` stays as it is.
+    void SetPosition(double x, double y);
+    void Move(DOUBLE2 delta) { position += delta; }
+    void ResetVelocity(bool x, bool y);
+    /// Up again after landing on an enemy.
+    void StompBounce();
+    /// Down again after hitting a block from below.
+    void BumpHead();
+    /// The small hero dies of it, any other one becomes small. Nothing happens to one who is dying.
+    void Hurt();
+    /// Begins the change to the next larger form. Nothing happens to one who is dying.
+    void Grow();
+    /// Makes him invincible for 300 ticks, to music.
+    void ActivateStar();
+    /// False lets him die, whatever his form; true brings him back to life where he is, standing.
+    void SetAlive(bool newAlive);
+    /// Going into the dying state ends a running change of form.
+    void SetState(int newState);
+    void SetFormState(int newForm) { form = newForm; }
+    /// Lasts until the next tick, which counts the invulnerable ticks down.
+    void SetInvulnerable(bool newInvulnerable) { invulnerable = newInvulnerable; }
+    /// `move` is a HeroMove; anything else is ignored. Starting a move again starts its time again.
+    void StartAutoMove(int move);
+    /// Throws a fireball unless two are flying.
+    void ShootFireball();
+    /// To the start of the underground room.
+    void GoUnderground();
+    /// To the pipe that leads back up.
+    void ExitUnderground();
+    /// To the start of the level.
+    void ResetToStart();
+
+    // Questions
+
+    DOUBLE2 GetPosition() const { return position; }
+    /// A HeroForm.
+    int GetFormState() const;
+    int GetWidth() const;
+    bool IsFacingRight() const { return facingRight; }
+    bool IsAlive() const { return alive; }
+    /// Then nothing touches him; true for a while after he was hurt and during a change of form.
+    bool IsInvulnerable() const { return invulnerable; }
+    bool IsStarActive() const { return starActive; }
+    /// The box for contacts at his sides; all zero while nothing can touch him.
+    RECT2 GetHitRectHorizontal() const;
+    /// The box for contacts at head and feet, a line without width; all zero while nothing can touch him.
+    RECT2 GetHitRectVertical() const;
+
+    static constexpr double keepCoordinate = 0.123;
+
+private:
+    friend class Singleton<Pelko>;
+    Pelko();
+
+    /// The order counts: when a change has to end early, the first that runs names the form.
+    enum FormChange : int { bigToSmall, fireToSmall, smallToBig, bigToFire, formChangeCount };
+
+    void ReadDataFile();
+
+    // Steps of a tick
+    void UpdateFormChange();
+    void UpdateInvulnerability();
+    void TickState();
+    void TickStanding();
+    void TickWalking();
+    void TickDying();
+    void TickAirborne();
+    void TickShrinking();
+    void TickGrowing();
+    void TickChanged();
+    void Travel();
+    void SinkIntoPipe();
+    void WalkOutOfPipe();
+    void WalkIntoCastle();
+    void PassCheckpoint();
+    void StayInLevel();
+    void RespawnAfterFall();
+    void StayOutOfWalls();
+    void StandOnGround();
+    void UpdateStar();
+
+    // What the states share
+    bool IsMovingVertically() const;
+    void Jump();
+    void Accelerate(int direction);
+    void WalkFacingRight();
+    void AnimateFormChange(FormChange change);
+    void EndFormChange();
+    bool IsFormChanging() const;
+    bool IsDying() const { return state == heroDying || !alive; }
+    bool CollidesWithLevel() const;
+    int Height() const;
+    void Teleport(DOUBLE2 target);
+
+    void PaintSprite();
+    int NextStarOffset();
+
+    bool facingRight = true;
+    bool alive = true;
+    bool invulnerable = false;
+    bool transforming = false;
+    std::array<bool, formChangeCount> formChanges = {}; // which of the changes run
+    bool flickers = false;                              // whether the old form shows during a change
+    bool starActive = false;
+    bool sinking = false;
+    bool walkingOut = false;
+    bool walkingIntoCastle = false;
+
+    // All counted in ticks.
+    int frameColumn = 0;
+    int walkFrameTimer = 0;
+    int formChangeCounter;
+    int invulnerabilityCounter = 0;
+    int starCounter = 0; // goes on falling below 0
+    int starTickCounter = 0;
+    int starPalette = 0;
+    int autoMoveCounter = 0;
+
+    double tickSeconds = 0.0; // of the current tick
+    DOUBLE2 position;
+    DOUBLE2 velocity;
+    DOUBLE2 respawnPoint;
+    int form = heroSmall;
+    int state = heroStanding;
+    std::unique_ptr<Bitmap> spriteSheetPtr;
+    std::unique_ptr<Bitmap> fireballBitmapPtr; // both lent to the fireballs below
+    std::unique_ptr<Bitmap> explosionBitmapPtr;
+    HitRegion* levelRegionPtr;
+    std::array<std::optional<Fireball>, 2> fireballs;
+};

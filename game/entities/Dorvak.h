@@ -1,0 +1,24 @@
+#pragma once
+
+#include "game/entities/EnemyBody.h"
+
+/// The enemy with a shell. Stomped it hides in it, stomped again the shell slides. Killed it is gone at once.
+class Dorvak : public EnemyBody {
+public:
+    Dorvak(int x, int y, Bitmap* bitmapPtr);
+    void Tick(double deltaTime) override;
+    void Paint(MATRIX3X2 matView) override;
+    bool Stomp() override;
+    bool Kill() override;
+    void PaintDebug(MATRIX3X2 matView) override { FillHitRect(COLOR(0, 200, 0, 150), matView); }
+    /// A shell's box is lower at the top.
+    RECT2 GetHitRect() override;
+    int GetType() override { return enemyDorvak; }
+    /// Fallen out, or no longer walking and far from the hero.
+    bool IsDead() override;
+
+private:
+    enum State : int { walking = 0, shellAtRest = 1, shellSliding = 2, dying = 3 };
+
+    State state = walking;
+};

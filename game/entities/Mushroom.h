@@ -1,0 +1,18 @@
+#pragma once
+
+#include "game/entities/WalkingPowerUp.h"
+
+/// Rises out of its block, then walks. It can be touched from the start. Only variant 0 makes a small hero grow.
+class Mushroom : public WalkingPowerUp {
+public:
+    Mushroom(int x, int y, Bitmap* bitmapPtr, int variant);
+    bool Take() override;
+    void PaintDebug(MATRIX3X2 matView) override;
+    /// As of the last tick, also for one taken since.
+    RECT2 GetHitRect() override { return hitRect; }
+    int GetType() override { return entityMushroom; }
+    int GetVariant() override { return variant; }
+
+private:
+    int variant;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "game/entities/EnemyBody.h"
+
+/// The enemy that walks. Stomped it lies flat for a moment and is gone; killed it hops and falls out of the level
+/// upside down.
+class Skreel : public EnemyBody {
+public:
+    Skreel(int x, int y, Bitmap* bitmapPtr);
+    void Tick(double deltaTime) override;
+    void Paint(MATRIX3X2 matView) override;
+    bool Stomp() override;
+    bool Kill() override;
+    void PaintDebug(MATRIX3X2 matView) override { FillHitRect(COLOR(50, 50, 50, 150), matView); }
+    RECT2 GetHitRect() override { return state == walking ? GetCellRect() : RECT2(); }
+    int GetType() override { return enemySkreel; }
+    bool IsDead() override { return HasFallenOut() || flattenedTicks < 1; }
+
+private:
+    enum State : int { walking = 0, flattened = 1, dying = 2 };
+
+    int flattenedTicks = 30; // left to lie flat
+    State state = walking;
+};

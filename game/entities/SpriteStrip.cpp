@@ -1,0 +1,31 @@
+#include "game/entities/SpriteStrip.h"
+
+#include "engine/Bitmap.h"
+#include "engine/GameEngine.h"
+
+SpriteStrip::SpriteStrip(Bitmap* stripPtr, int cellCount)
+    : bitmapPtr(stripPtr), cellWidth(stripPtr->GetWidth() / cellCount), cellHeight(stripPtr->GetHeight()) {}
+
+void SpriteStrip::Show(int frame) {
+    cycle = {0, frame};
+    clip = RECT2(cellWidth * frame, 0, cellWidth * frame + cellWidth, cellHeight);
+}
+
+void SpriteStrip::Animate(int ticksPerFrame, int frameCount) {
+    cycle.Tick(ticksPerFrame, frameCount);
+    clip = RECT2(cellWidth * cycle.frame, 0, cellWidth * cycle.frame + cellWidth, cellHeight);
+}
+
+void SpriteStrip::Paint(const MATRIX3X2& matWorld) const {
+    if (!HasBox(clip)) return;
+    GameEngine::GetSingleton()->SetWorldMatrix(matWorld);
+    GameEngine::GetSingleton()->DrawBitmap(bitmapPtr, DOUBLE2(0, 0), clip);
+}
+
+void SpriteStrip::Paint(DOUBLE2 position, const MATRIX3X2& matView) const {
+    Paint(MATRIX3X2::CreateTranslationMatrix(position) * matView);
+}
+
+RECT2 SpriteStrip::GetCellRect(DOUBLE2 position) const {
+    return {position.x, position.y, position.x + cellWidth, position.y + cellHeight};
+}

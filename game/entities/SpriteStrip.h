@@ -1,0 +1,35 @@
+#pragma once
+
+#include "engine/DOUBLE2.h"
+#include "engine/MATRIX3X2.h"
+#include "engine/RECT2.h"
+#include "game/FrameCycle.h"
+
+class Bitmap;
+
+/// A horizontal strip of equal cells and the one that is shown: none until Show or Animate is called. Borrows the
+/// bitmap, which must outlive it.
+class SpriteStrip {
+public:
+    SpriteStrip(Bitmap* bitmapPtr, int cellCount);
+    /// Shows cell `frame` (from 0).
+    void Show(int frame);
+    /// One tick of the animation through cells 0 to `frameCount` - 1, each shown for `ticksPerFrame` ticks.
+    void Animate(int ticksPerFrame, int frameCount);
+    /// Draws the cell with its top-left corner at the origin of `matWorld`.
+    void Paint(const MATRIX3X2& matWorld) const;
+    /// Draws the cell with its top-left corner at `position`, in level pixels.
+    void Paint(DOUBLE2 position, const MATRIX3X2& matView) const;
+
+    int GetCellWidth() const { return cellWidth; }
+    int GetCellHeight() const { return cellHeight; }
+    /// What a cell with its top-left corner at `position` covers.
+    RECT2 GetCellRect(DOUBLE2 position) const;
+
+private:
+    Bitmap* bitmapPtr;
+    int cellWidth;
+    int cellHeight;
+    FrameCycle cycle;
+    RECT2 clip; // the shown cell in the bitmap
+};

@@ -1,0 +1,62 @@
+#include "platform/LoopbackMedia.h"
+
+#include "platform/Desktop.h"
+#include "platform/openal/Mixer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+namespace {
+constexpr std::size_t samplesPerRound = LoopbackMedia::samplesPerSecond / 100 * 2;
+
+class OpenAlLoopback : public LoopbackMedia {
+public:
+    explicit OpenAlLoopback(Desktop& timingDesktop) : desktop(timingDesktop) {
+        auto ownedPtr = std::make_unique<Mixer>(
+            [this] { return pluggedIn ? SoundDevice::OpenLoopback(samplesPerSecond) : nullptr; }, [] {});
+        mixerPtr = ownedPtr.get();
+        commandsPtr = MakeMedia(desktop, std::move(ownedPtr));
+    }
+
+    DWORD Send(std::wstring_view command, std::wstring* replyPtr, HWND notifyWindow) override {
+        return commandsPtr->Send(command, replyPtr, notifyWindow);
+    }
+    void Suspend(bool suspend) override { commandsPtr->Suspend(suspend); }
+    void Update() override {
+        mixerPtr->DoRound(Now());
+        commandsPtr->Update();
+    }
+
+    void Render(std::span<float> samples) override {
+        while (!samples.empty()) {
+            mixerPtr->DoRound(Now());
+            const std::span<float> next = samples.first(std::min(samples.size(), samplesPerRound));
+            if (SoundDevice* const devicePtr = mixerPtr->DevicePtr()) {
+                devicePtr->Render(next);
+            } else {
+                std::fill(next.begin(), next.end(), 0.0F);
+            }
+            samples = samples.subspan(next.size());
+        }
+    }
+
+    void PlugIn(bool isPluggedIn) override {
+        pluggedIn = isPluggedIn;
+        if (!pluggedIn) mixerPtr->CloseDevice();
+    }
+
+private:
+    double Now() const { return static_cast<double>(desktop.Counter()) * desktop.SecondsPerCount(); }
+
+    Desktop& desktop;
+    bool pluggedIn = true;
+    std::unique_ptr<MediaInterface> commandsPtr;
+    Mixer* mixerPtr = nullptr; // owned by the commands
+};
+} // namespace
+
+std::unique_ptr<LoopbackMedia> MakeLoopbackMedia(Desktop& desktop) { return std::make_unique<OpenAlLoopback>(desktop); }
+
+} // namespace platform

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/MediaPlayer.h"
+#include "platform/openal/SoundDevice.h"
+#include "platform/openal/SoundSource.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace platform {
+
+/// Makes what its voices were ordered audible, on a device or, while there is none, on a clock. Voices take orders on
+/// one thread; another may do the rounds in which the orders are followed.
+class Mixer : public MediaPlayer {
+public:
+    using DeviceOpener = std::function<std::unique_ptr<SoundDevice>()>;
+
+    /// `deviceOpener` may answer null; it is asked again every few seconds for as long as something plays.
+    /// `orderListener` is told, on the ordering thread, that a round has something new to do.
+    Mixer(DeviceOpener deviceOpener, std::function<void()> orderListener);
+    ~Mixer() override;
+
+    // The ordering thread
+
+    std::unique_ptr<MediaVoice> MakeVoice(std::shared_ptr<const MediaFile> filePtr) override;
+    void Suspend(bool suspend) override;
+
+    // The thread that does the rounds
+
+    /// Follows the orders; `now` is the clock in seconds. True if something plays, and rounds have to go on every few
+    /// hundredths of a second.
+    bool DoRound(double now);
+    /// Gives everything back that belongs to the device. The next round may open it again.
+    void CloseDevice();
+    /// The open device, or null.
+    SoundDevice* DevicePtr() const { return devicePtr.get(); }
+
+private:
+    class Voice;
+
+    /// One sound: its orders, shared between the threads under the mutex, and how far the rounds have come with them.
+    struct Channel {
+        explicit Channel(std::shared_ptr<const MediaFile> playedFilePtr) : filePtr(std::move(playedFilePtr)) {}
+        const std::shared_ptr<const MediaFile> filePtr;
+
+        MediaOrder order;
+        unsigned endedPlayback = 0;
+        bool isOpen = true; // its voice still exists
+
+        MediaOrder followed;
+        bool isNew = false; // a playback whose rounds have not begun
+        bool ended = false;
+        bool isMute = false; // what plays now cannot be made audible
+        PlayHead head;
+        std::unique_ptr<SoundSource> sourcePtr;
+        std::shared_ptr<const SoundClip> clipPtr; // kept for the next time
+    };
+
+    void TakeOrders();
+    void PublishEnds();
+    bool SomethingPlays() const;
+    void KeepDevice(double now);
+    void Serve(Channel& channel, double now);
+    void StartSource(Channel& channel, double from);
+    std::shared_ptr<const SoundClip> ClipOf(const Channel& channel) const;
+
+    const DeviceOpener openDevice;
+    const std::function<void()> onOrder;
+
+    std::mutex mutex;
+    std::vector<std::shared_ptr<Channel>> channels; // under the mutex
+    bool suspendOrdered = false;                    // under the mutex
+
+    std::unique_ptr<SoundDevice> devicePtr;
+    double nextAttempt = 0.0; // to open the device
+    std::vector<std::shared_ptr<Channel>> served;
+    bool suspended = false;
+};
+
+} // namespace platform

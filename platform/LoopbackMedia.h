@@ -15,7 +15,7 @@ public:
     /// Mixes what is heard next: left and right in turn, from -1 to 1.
     virtual void Render(std::span<float> samples) = 0;
     /// Takes the device away, as a headset that is pulled out, or gives it back. Sounds then play on the clock of the
-    /// desktop. A device that is given back is found within three seconds of that clock.
+    /// desktop. A device that is given back is found within a few seconds of that clock.
     virtual void PlugIn(bool pluggedIn) = 0;
 };
 

@@ -91,7 +91,7 @@ std::int64_t ReadTrack(MidiReader track, std::vector<TempoChange>& tempoChanges)
 std::vector<unsigned char> ReadFile(const std::string& path) {
     constexpr std::uintmax_t maxSize = 16U << 20;
     std::error_code error;
-    const std::filesystem::path filePath(path);
+    const std::filesystem::path filePath(std::u8string(path.begin(), path.end()));
     if (!std::filesystem::is_regular_file(filePath, error) || std::filesystem::file_size(filePath, error) > maxSize) {
         return {};
     }
@@ -123,7 +123,7 @@ int MidiLength(const std::string& path) {
     header.Number(2); // all formats are read alike: their tracks sound together
     const std::uint32_t trackCount = header.Number(2);
     const std::uint32_t division = header.Number(2);
-    if (header.IsCut() || division == 0) return -1;
+    if (reader.IsCut() || header.IsCut() || division == 0) return -1;
 
     std::int64_t endTick = 0;
     std::vector<TempoChange> tempoChanges;
@@ -134,6 +134,7 @@ int MidiLength(const std::string& path) {
         endTick = std::max(endTick, ReadTrack(part, tempoChanges));
         ++track;
     }
+    if (endTick == 0) return -1; // nothing to play
     double seconds = 0.0;
     if ((division & 0x8000) != 0) { // ticks of a film frame, whatever the tempo; 29 stands for 30 with dropped numbers
         const unsigned framesPerSecond = 256 - (division >> 8);

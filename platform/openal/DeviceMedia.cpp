@@ -10,7 +10,7 @@
 namespace platform {
 
 namespace {
-// A quarter of what is decoded ahead is the longest that a round may be late; ends are noticed within a frame.
+// Well below what is decoded ahead, and short enough to notice an end within the frame in which it falls.
 constexpr auto roundTime = std::chrono::milliseconds(15);
 
 double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }

@@ -6,8 +6,11 @@
 namespace platform {
 
 namespace {
-constexpr int longestClip = 4000;        // milliseconds; what is longer is streamed
-constexpr double secondsToAttempt = 3.0; // between two attempts to open the device
+constexpr int longestClip = 4000; // milliseconds; what is longer is streamed
+
+// Between two attempts to open the device: soon after a headset was pulled out, seldom on a machine without sound.
+constexpr double firstPause = 2.0; // seconds
+constexpr double longestPause = 60.0;
 
 std::unique_ptr<SoundDecoder> OpenDecoder(const MediaFile& file) {
     return file.isMidi ? OpenMidi(file.path) : OpenRecording(file.path);
@@ -119,7 +122,8 @@ void Mixer::KeepDevice(double now) {
     }
     if (devicePtr || now < nextAttempt) return;
     devicePtr = openDevice();
-    nextAttempt = now + secondsToAttempt;
+    attemptPause = devicePtr || attemptPause == 0.0 ? firstPause : std::min(2.0 * attemptPause, longestPause);
+    nextAttempt = now + attemptPause;
 }
 
 void Mixer::Serve(Channel& channel, double now) {

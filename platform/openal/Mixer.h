@@ -18,7 +18,7 @@ class Mixer : public MediaPlayer {
 public:
     using DeviceOpener = std::function<std::unique_ptr<SoundDevice>()>;
 
-    /// `deviceOpener` may answer null; it is asked again every few seconds for as long as something plays.
+    /// `deviceOpener` may answer null; it is asked again, less and less often, for as long as something plays.
     /// `orderListener` is told, on the ordering thread, that a round has something new to do.
     Mixer(DeviceOpener deviceOpener, std::function<void()> orderListener);
     ~Mixer() override;
@@ -76,6 +76,7 @@ private:
 
     std::unique_ptr<SoundDevice> devicePtr;
     double nextAttempt = 0.0; // to open the device
+    double attemptPause = 0.0;
     std::vector<std::shared_ptr<Channel>> served;
     bool suspended = false;
 };

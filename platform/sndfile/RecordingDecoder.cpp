@@ -6,15 +6,42 @@
 #include <array>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <utility>
 
 namespace platform {
 
 namespace {
-struct CloseFile {
-    void operator()(SNDFILE* filePtr) const { sf_close(filePtr); }
+/// Lets the library read a stream that has no name: it then goes by what is in the file, never by its ending, and does
+/// not complain aloud about a text that calls itself music.
+struct StreamAccess {
+    static std::istream& Stream(void* dataPtr) {
+        auto& stream = *static_cast<std::istream*>(dataPtr);
+        stream.clear(); // of the end that the last read met
+        return stream;
+    }
+    static sf_count_t Tell(void* dataPtr) { return Stream(dataPtr).tellg(); }
+    static sf_count_t Seek(sf_count_t offset, int whence, void* dataPtr) {
+        const auto base = whence == SEEK_SET ? std::ios::beg : whence == SEEK_CUR ? std::ios::cur : std::ios::end;
+        Stream(dataPtr).seekg(offset, base);
+        return Tell(dataPtr);
+    }
+    static sf_count_t Read(void* bytesPtr, sf_count_t count, void* dataPtr) {
+        return Stream(dataPtr).read(static_cast<char*>(bytesPtr), count).gcount();
+    }
+    static sf_count_t Size(void* dataPtr) {
+        const sf_count_t position = Tell(dataPtr);
+        const sf_count_t size = Seek(0, SEEK_END, dataPtr);
+        Seek(position, SEEK_SET, dataPtr);
+        return size;
+    }
+    static sf_count_t Write(const void*, sf_count_t, void*) { return 0; }
+
+    static SF_VIRTUAL_IO* Functions() {
+        static SF_VIRTUAL_IO functions{Size, Seek, Read, Write, Tell};
+        return &functions;
+    }
 };
-using FilePtr = std::unique_ptr<SNDFILE, CloseFile>;
 
 constexpr int maxChannels = 8;
 constexpr int minSamplesPerSecond = 1000;
@@ -27,11 +54,19 @@ std::int16_t ToSample(float value) {
 
 class RecordingDecoder : public SoundDecoder {
 public:
-    RecordingDecoder(FilePtr openedPtr, const SF_INFO& fileInfo) : filePtr(std::move(openedPtr)), info(fileInfo) {}
+    explicit RecordingDecoder(const std::filesystem::path& path)
+        : stream(path, std::ios::binary),
+          filePtr(sf_open_virtual(StreamAccess::Functions(), SFM_READ, &info, &stream)) {}
+    ~RecordingDecoder() override { sf_close(filePtr); }
+
+    bool IsPlayable() const {
+        return filePtr != nullptr && info.frames > 0 && info.channels >= 1 && info.channels <= maxChannels &&
+               info.samplerate >= minSamplesPerSecond && info.samplerate <= maxSamplesPerSecond;
+    }
 
     int SamplesPerSecond() const override { return info.samplerate; }
     std::int64_t FrameCount() const override { return info.frames; }
-    bool Seek(std::int64_t frame) override { return sf_seek(filePtr.get(), frame, SEEK_SET) == frame; }
+    bool Seek(std::int64_t frame) override { return sf_seek(filePtr, frame, SEEK_SET) == frame; }
 
     std::size_t Read(std::span<std::int16_t> samples) override {
         const auto channels = static_cast<std::size_t>(info.channels);
@@ -40,7 +75,7 @@ public:
         std::size_t done = 0;
         while (done < wanted) {
             const std::size_t count = std::min(wanted - done, piece.size() / channels);
-            const sf_count_t read = sf_readf_float(filePtr.get(), piece.data(), static_cast<sf_count_t>(count));
+            const sf_count_t read = sf_readf_float(filePtr, piece.data(), static_cast<sf_count_t>(count));
             if (read <= 0) break;
             for (std::size_t index = 0; index < static_cast<std::size_t>(read); ++index) {
                 samples[2 * done] = ToSample(piece[index * channels]);
@@ -52,22 +87,21 @@ public:
     }
 
 private:
-    FilePtr filePtr;
-    SF_INFO info;
+    std::ifstream stream;
+    SF_INFO info{};
+    SNDFILE* filePtr;
     std::array<float, std::size_t{512} * maxChannels> piece;
 };
 } // namespace
 
 std::unique_ptr<SoundDecoder> OpenRecording(const std::string& path) {
     // A folder, a pipe or a device cannot be played, and opening one may not return.
+    const std::filesystem::path filePath(std::u8string(path.begin(), path.end()));
     std::error_code error;
-    if (!std::filesystem::is_regular_file(std::filesystem::path(path), error)) return nullptr;
-    SF_INFO info{};
-    FilePtr filePtr(sf_open(path.c_str(), SFM_READ, &info));
-    const bool isPlayable = filePtr && info.frames > 0 && info.channels >= 1 && info.channels <= maxChannels &&
-                            info.samplerate >= minSamplesPerSecond && info.samplerate <= maxSamplesPerSecond;
-    if (!isPlayable) return nullptr;
-    return std::make_unique<RecordingDecoder>(std::move(filePtr), info);
+    if (!std::filesystem::is_regular_file(filePath, error)) return nullptr;
+    auto decoderPtr = std::make_unique<RecordingDecoder>(filePath);
+    if (!decoderPtr->IsPlayable()) return nullptr;
+    return decoderPtr;
 }
 
 } // namespace platform

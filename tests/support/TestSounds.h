@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <numbers>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A folder for the files of one test, removed with them at its end.
+class TestFolder {
+public:
+    explicit TestFolder(std::string const& name)
+        : path(std::filesystem::temp_directory_path() / ("quillfen-" + name + std::to_string(Unique()))) {
+        std::filesystem::create_directories(path);
+    }
+    ~TestFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
+    }
+    TestFolder(TestFolder const&) = delete;
+    TestFolder& operator=(TestFolder const&) = delete;
+
+    /// The path of file `name` in this folder, ASCII.
+    std::wstring Path(std::string_view name) const { return (path / name).wstring(); }
+
+    void Write(std::string_view name, std::string_view bytes) const {
+        std::ofstream(path / name, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    }
+
+private:
+    static std::uintptr_t Unique() {
+        static int made = 0;
+        return reinterpret_cast<std::uintptr_t>(&made) / 16 % 100000 + static_cast<std::uintptr_t>(++made);
+    }
+
+    std::filesystem::path path;
+};
+
+/// The bytes of a WAV file with a sine tone in 16 bits, the same on all channels.
+inline std::string ToneWav(double hertz, double amplitude, int milliseconds, int channels = 2,
+                           int samplesPerSecond = 44100) {
+    const auto number = [](std::string& bytes, std::uint32_t value, int size) {
+        for (int index = 0; index < size; ++index) bytes += static_cast<char>(value >> (8 * index));
+    };
+    std::string samples;
+    const auto frames = static_cast<int>(static_cast<std::int64_t>(milliseconds) * samplesPerSecond / 1000);
+    for (int frame = 0; frame < frames; ++frame) {
+        const double value = amplitude * std::sin(2.0 * std::numbers::pi * hertz * frame / samplesPerSecond);
+        const auto sample = static_cast<std::uint32_t>(std::lround(value * 32767.0));
+        for (int channel = 0; channel < channels; ++channel) number(samples, sample, 2);
+    }
+    std::string bytes = "RIFF";
+    number(bytes, static_cast<std::uint32_t>(36 + samples.size()), 4);
+    bytes += "WAVEfmt ";
+    number(bytes, 16, 4);
+    number(bytes, 1, 2);
+    number(bytes, static_cast<std::uint32_t>(channels), 2);
+    number(bytes, static_cast<std::uint32_t>(samplesPerSecond), 4);
+    number(bytes, static_cast<std::uint32_t>(samplesPerSecond * channels * 2), 4);
+    number(bytes, static_cast<std::uint32_t>(channels * 2), 2);
+    number(bytes, 16, 2);
+    bytes += "data";
+    number(bytes, static_cast<std::uint32_t>(samples.size()), 4);
+    return bytes + samples;
+}

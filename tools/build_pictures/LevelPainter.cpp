@@ -1,43 +1,250 @@
 #include "tools/build_pictures/LevelPainter.h"
 
 #include "tools/build_pictures/Brush.h"
+#include "tools/build_pictures/Buildings.h"
 #include "tools/build_pictures/SourceFile.h"
 #include "tools/build_pictures/SpriteSource.h"
 #include "tools/build_pictures/Terrain.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace pictures {
 
-LevelPainter::LevelPainter(const Palette& usedPalette, const Terrain& usedTerrain, const SpriteSource& usedProps)
-    : palette(usedPalette), terrain(usedTerrain), props(usedProps), level(3392, 448), castleFront(120, 200) {}
+using platform::Picture;
 
-void LevelPainter::Read(const std::string&) {
-    for (int y = 0; y < level.height; ++y) {
-        for (int x = 0; x < level.width; ++x) {
-            std::uint32_t c = palette[y < 60 ? "sky1" : y < 110 ? "sky2" : "sky3"];
-            if (y > 120 + 50 * Wave(x, 90, 1)) c = palette["sky2"];
-            if (y > 150 + 40 * Wave(x, 60, 2)) c = palette["haze1"];
-            if (y >= 224 || (y > 200)) c = palette["under0"];
-            level.At(x, y) = c;
+namespace {
+
+constexpr int levelWidth = 3392;
+constexpr int levelHeight = 448;
+constexpr int overworldBottom = 224;
+constexpr int castleFrontX = 3272; // where the game draws the castle's front
+
+} // namespace
+
+LevelPainter::LevelPainter(const Palette& usedPalette, const Terrain& usedTerrain, const SpriteSource& usedProps)
+    : palette(usedPalette), terrain(usedTerrain), props(usedProps), ground(usedPalette, usedTerrain),
+      level(levelWidth, levelHeight, usedPalette["ink0"]), castleFront(levelWidth - castleFrontX, 200) {}
+
+void LevelPainter::Read(const std::string& path) {
+    SourceFile file(path);
+    bool skyPainted = false;
+    while (file.NextLine()) {
+        const std::string order = file.Word("an order");
+        if (order == "mood") {
+            ReadMood(file);
+            continue;
+        }
+        if (!skyPainted && order != "tones") {
+            if (moods.empty()) file.Fail("the scene needs a mood first");
+            PaintSky(level, moods, overworldBottom);
+            skyPainted = true;
+        }
+        if (order == "tones") {
+            const std::string name = file.Word("a name");
+            Tones& read = tones[name];
+            for (std::uint32_t* tonePtr : {&read.outline, &read.dark, &read.mid, &read.light, &read.glow}) {
+                *tonePtr = ReadColour(file);
+            }
+        } else if (order == "ridge") {
+            ReadRidge(file);
+        } else if (order == "cloud") {
+            const int x = file.Number("x");
+            const int y = file.Number("y");
+            const int width = file.Number("the width");
+            PaintCloud(level, x, y, width, ReadTones(file), x);
+        } else if (order == "tree") {
+            ReadTree(file);
+        } else if (order == "bush") {
+            ReadBush(file);
+        } else if (order == "grass") {
+            ReadGrass(file);
+        } else if (order == "column") {
+            const int x = file.Number("x");
+            const int width = file.Number("the width");
+            PaintColumn(level, palette, x, GroundAt(x), width, file.Number("the height"), x);
+        } else if (order == "wall" || order == "tower") {
+            const int x = file.Number("x");
+            const int width = file.Number("the width");
+            const int height = file.Number("the height");
+            const int last = file.Number("the opening or roof");
+            (order == "wall" ? PaintWall : PaintTower)(level, palette, x, GroundAt(x + width / 2), width, height, last,
+                                                       x);
+        } else if (order == "prop") {
+            ReadProp(file);
+        } else if (order == "box") {
+            const int left = file.Number("left");
+            const int top = file.Number("top");
+            const int right = file.Number("right");
+            const int bottom = file.Number("bottom");
+            Box(level, left, top, right, bottom, ReadColour(file));
+        } else if (order == "cave") {
+            ReadCave(file);
+        } else if (order == "fort") {
+            ReadFort(file);
+        } else if (order == "material") {
+            const std::string name = file.Word("a material");
+            const int left = file.Number("left");
+            const int top = file.Number("top");
+            const int right = file.Number("right");
+            if (!ground.SetMaterial(name, left, top, right, file.Number("bottom")))
+                file.Fail("no such material: " + name);
+        } else {
+            file.Fail("unknown order " + order);
         }
     }
-    Box(level, 3175, 40, 3177, 184, palette["wood0"]);
-    Box(level, 3172, 36, 3180, 40, palette["gold2"]);
-    Box(level, 3232, 96, 3272, 200, palette["mist1"]);
-    Box(level, 3256, 150, 3272, 200, palette["ink1"]);
-    Box(castleFront, 0, 80, 120, 200, palette["mist1"]);
-    Box(castleFront, 0, 80, 120, 84, palette["mist0"]);
-    PaintSolids();
+    PaintPits();
+    ground.Paint(level);
 }
 
-void LevelPainter::PaintSolids() {
-    for (int y = 0; y < level.height; ++y) {
-        for (int x = 0; x < level.width; ++x) {
-            if (!terrain.IsSolid(x, y)) continue;
-            const int depth = terrain.DepthFrom(x, y, 0, -1, 8);
-            const bool cave = y >= 224 && x < 256;
-            const char* name = depth == 1 ? "leaf4" : depth <= 4 ? "leaf3" : depth == 5 ? "leaf2" : "earth2";
-            if (cave || (y > 210 && depth < 8)) name = depth <= 2 ? "under3" : "under2";
-            level.At(x, y) = palette[name];
+std::uint32_t LevelPainter::ReadColour(SourceFile& file) const {
+    const std::string name = file.Word("a colour");
+    if (!palette.Has(name)) file.Fail("no such colour: " + name);
+    if (palette.IsSolid(palette[name])) file.Fail(name + " is kept for solids");
+    return palette[name];
+}
+
+const Tones& LevelPainter::ReadTones(SourceFile& file) const {
+    const auto found = tones.find(file.Word("tones"));
+    if (found == tones.end()) file.Fail("no such tones");
+    return found->second;
+}
+
+/// The walkable ground in column `x`: below floating platforms.
+int LevelPainter::GroundAt(int x) const {
+    int y = std::min(overworldBottom, levelHeight - 1);
+    while (y > 0 && terrain.IsSolid(x, y - 1)) --y;
+    return y;
+}
+
+void LevelPainter::ReadMood(SourceFile& file) {
+    Mood mood{file.Number("the first column"), {}};
+    do {
+        const std::uint32_t colour = ReadColour(file);
+        mood.bands.push_back({colour, file.Number("the row where the colour ends")});
+    } while (file.More());
+    moods.push_back(mood);
+}
+
+void LevelPainter::ReadRidge(SourceFile& file) {
+    static const std::map<std::string, Ridge::Shape> shapes = {
+        {"hills", Ridge::Shape::hills}, {"peaks", Ridge::Shape::peaks}, {"woods", Ridge::Shape::woods}};
+    const auto shape = shapes.find(file.Word("a shape"));
+    if (shape == shapes.end()) file.Fail("a ridge is hills, peaks or woods");
+    Ridge ridge{};
+    ridge.shape = shape->second;
+    for (int* numberPtr :
+         {&ridge.from, &ridge.to, &ridge.top, &ridge.swing, &ridge.period, &ridge.bottom, &ridge.seed}) {
+        *numberPtr = file.Number("FROM TO TOP SWING PERIOD BOTTOM SEED");
+    }
+    if (ridge.period < 1) file.Fail("the period must be at least 1");
+    ridge.light = ReadColour(file);
+    ridge.mid = ReadColour(file);
+    ridge.dark = ReadColour(file);
+    PaintRidge(level, ridge);
+}
+
+void LevelPainter::ReadTree(SourceFile& file) {
+    const int x = file.Number("x");
+    const int height = file.Number("the height");
+    const double half = file.Number("the crown's width") / 2.0;
+    const Tones& leaves = ReadTones(file);
+    const Tones& bark = ReadTones(file);
+    const int footY = GroundAt(x);
+    const double crownHalf = std::min(half * 0.8, height * 0.42);
+    const double crownY = footY - height + crownHalf;
+    PaintTrunk(level, x, footY, height - static_cast<int>(crownHalf), std::max(4, height / 11), bark, x);
+    PaintFoliage(level, x, crownY, half, crownHalf, leaves, x);
+    if (!file.More()) return;
+    const std::uint32_t fruit = ReadColour(file);
+    PaintFruit(level, x, crownY, half, crownHalf, fruit, ReadColour(file), 2 + (height > 60),
+               static_cast<int>(half * 0.75), x);
+}
+
+void LevelPainter::ReadBush(SourceFile& file) {
+    const int x = file.Number("x");
+    const double halfWidth = file.Number("the width") / 2.0;
+    const double height = file.Number("the height");
+    const Tones& leaves = ReadTones(file);
+    const double centreY = GroundAt(x) - height * 0.35;
+    PaintFoliage(level, x, centreY, halfWidth, height * 0.7, leaves, x);
+    if (!file.More()) return;
+    const std::uint32_t fruit = ReadColour(file);
+    PaintFruit(level, x, centreY - height * 0.1, halfWidth * 0.9, height * 0.5, fruit, ReadColour(file), 2,
+               static_cast<int>(halfWidth * 0.8), x);
+}
+
+void LevelPainter::ReadGrass(SourceFile& file) {
+    const int from = file.Number("the first column");
+    const int to = file.Number("the last column");
+    const int share = file.Number("the share in percent");
+    const int height = file.Number("the height");
+    const std::uint32_t dark = ReadColour(file);
+    const std::uint32_t light = ReadColour(file);
+    for (int x = from; x < to; x += 3) {
+        // tufts keep together: a patch here, a gap there
+        if (100.0 * Chance(x, 0, 81) > share * 2.0 * Wave(x, 37.0, 82)) continue;
+        PaintTuft(level, x, GroundAt(x), height + static_cast<int>(3.0 * Chance(x, 1, 81)) - 1, dark, light, x);
+    }
+}
+
+void LevelPainter::ReadProp(SourceFile& file) {
+    const std::string name = file.Word("a name");
+    if (!props.HasFrame(name)) file.Fail("no such prop: " + name);
+    const int x = file.Number("x");
+    const int footY = file.More() ? file.Number("y") : GroundAt(x + props.FrameWidth(name) / 2);
+    props.PaintFrame(level, name, x, footY - props.FrameHeight(name));
+}
+
+void LevelPainter::ReadCave(SourceFile& file) {
+    const int left = file.Number("left");
+    const int top = file.Number("top");
+    const int right = file.Number("right");
+    const int bottom = file.Number("bottom");
+    for (int y = top; y < bottom; ++y) {
+        for (int x = left; x < right; ++x) {
+            // large stones, hardly told from the dark between them; a glow from the middle of the room
+            const int row = y / 14;
+            const int shifted = x + (row & 1) * 13 + static_cast<int>(9.0 * Chance(row, 0, 91));
+            const bool joint = y % 14 == 0 || shifted % 26 == 0;
+            const double glow = 1.25 - 1.4 * std::abs((y - top) / static_cast<double>(bottom - top) - 0.55) -
+                                0.9 * std::abs((x - left) / static_cast<double>(right - left) - 0.46) +
+                                0.3 * (Chance(shifted / 26, row, 92) - 0.5);
+            level.At(x, y) = palette[joint ? "ink0" : Dither(x, y, (glow - 0.5) * 1.6) ? "ink1" : "under0"];
+        }
+    }
+}
+
+void LevelPainter::ReadFort(SourceFile& file) {
+    const int x = file.Number("x");
+    const int footY = GroundAt(x + 20);
+    Picture building(levelWidth, overworldBottom);
+    PaintFort(building, palette, x, footY);
+    for (int y = 0; y < overworldBottom; ++y) {
+        for (int px = 0; px < levelWidth; ++px) {
+            const std::uint32_t colour = building.At(px, y);
+            if (colour == 0) continue;
+            level.At(px, y) = colour;
+            if (px >= castleFrontX && y < castleFront.height) castleFront.At(px - castleFrontX, y) = colour;
+        }
+    }
+}
+
+/// Pits grow dark towards their bottom, so that nobody takes them for a way.
+void LevelPainter::PaintPits() {
+    for (int x = 0; x < levelWidth; ++x) {
+        if (terrain.IsSolid(x, levelHeight - 1)) continue;
+        int left = x;
+        while (left > 0 && !terrain.IsSolid(left, levelHeight - 1)) --left;
+        int right = x;
+        while (right < levelWidth - 1 && !terrain.IsSolid(right, levelHeight - 1)) ++right;
+        const int rim = std::max(GroundAt(left), GroundAt(right));
+        for (int y = std::max(0, rim); y < levelHeight; ++y) {
+            const double depth = (y - rim) / 20.0 + 0.12 * (Wave(x, 6.0, 95) - 0.5);
+            level.At(x, y) = palette[depth > 0.85 + 0.2 * Dither(x, y, 0.5)    ? "ink0"
+                                     : depth > 0.5 + 0.16 * Dither(x, y, 0.5)  ? "under0"
+                                     : depth > 0.22 + 0.16 * Dither(x, y, 0.5) ? "ink1"
+                                                                               : "leaf0"];
         }
     }
 }

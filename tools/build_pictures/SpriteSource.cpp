@@ -46,6 +46,19 @@ SpriteSource::SpriteSource(const std::string& path, const Palette& usedPalette) 
     }
 }
 
+int SpriteSource::FrameWidth(const std::string& name) const {
+    int width = 0;
+    for (const Placed& part : frames.at(name)) width = std::max(width, part.x + part.grid.width);
+    return width;
+}
+
+int SpriteSource::FrameHeight(const std::string& name) const {
+    int height = 0;
+    for (const Placed& part : frames.at(name))
+        height = std::max(height, part.y + static_cast<int>(part.grid.rows.size()));
+    return height;
+}
+
 void SpriteSource::PaintFrame(Picture& picture, const std::string& name, int x, int y, bool mirrored) const {
     Paint(picture, frames.at(name), x, y, standardKeys, mirrored);
 }

@@ -36,6 +36,8 @@ public:
     /// The finished sheets by file name.
     const std::map<std::string, platform::Picture>& Sheets() const { return sheets; }
     bool HasFrame(const std::string& name) const { return frames.contains(name); }
+    int FrameWidth(const std::string& name) const;
+    int FrameHeight(const std::string& name) const;
     /// Paints a frame with its origin at (`x`, `y`), clipped to the picture.
     void PaintFrame(platform::Picture& picture, const std::string& name, int x, int y, bool mirrored = false) const;
 

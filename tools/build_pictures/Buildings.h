@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Picture.h"
+#include "tools/build_pictures/Palette.h"
+
+namespace pictures {
+
+/// A broken column with its foot at (`x`, `footY`), `width` wide and about `height` high.
+void PaintColumn(platform::Picture& picture, const Palette& palette, int x, int footY, int width, int height, int seed);
+
+/// A wall of hewn stones with a ragged upper edge and a round-headed opening in its middle, `opening` wide (0: none).
+void PaintWall(platform::Picture& picture, const Palette& palette, int left, int footY, int width, int height,
+               int opening, int seed);
+
+/// A round tower with a pointed roof; also used small, far away.
+void PaintTower(platform::Picture& picture, const Palette& palette, int left, int footY, int width, int height,
+                int roof, int seed);
+
+/// The fort at the end, from column `left` of the picture, on the ground at `footY`. The gate's middle is 72 columns
+/// in.
+void PaintFort(platform::Picture& picture, const Palette& palette, int left, int footY);
+
+} // namespace pictures

@@ -1,0 +1,28 @@
+#include "game/entities/Coin.h"
+
+#include "engine/GameEngine.h"
+
+Coin::Coin(int x, int y, Bitmap* bitmapPtr) : EntityMaster(x, y, bitmapPtr), position(x, y), strip(bitmapPtr, 6) {}
+
+void Coin::Tick(double) {
+    if (!collected) strip.Animate(8, 6);
+}
+
+void Coin::Paint(MATRIX3X2 matView) {
+    if (!collected) strip.Paint(position, matView);
+}
+
+void Coin::PaintDebug(MATRIX3X2 matView) {
+    GameEngine::GetSingleton()->SetWorldMatrix(matView);
+    GameEngine::GetSingleton()->SetColor(COLOR(255, 255, 0, 150));
+    GameEngine::GetSingleton()->FillRect(GetHitRect());
+}
+
+RECT2 Coin::GetHitRect() {
+    constexpr int inset = 3; // level pixels on either side; the coin itself is that much slimmer than its cell
+    if (collected) return {};
+    RECT2 box = strip.GetCellRect(position);
+    box.left += inset;
+    box.right -= inset;
+    return box;
+}

@@ -1,0 +1,61 @@
+#include "game/entities/Dorvak.h"
+
+#include "engine/GameEngine.h"
+#include "game/player/Pelko.h"
+
+Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 4) {}
+
+void Dorvak::Tick(double deltaTime) {
+    constexpr int shellCell = 2;
+    constexpr double slidePush = 4 * walkPush;
+    if (!BeginTick()) return;
+    if (state == walking)
+        AnimateWalk();
+    else
+        strip.Show(shellCell);
+    if (state == walking) Push(walkPush, deltaTime);
+    if (state == shellSliding) Push(slidePush, deltaTime);
+    if (state != shellAtRest) Fall(normalGravity, deltaTime);
+    HandleLevelCollision();
+}
+
+void Dorvak::Paint(MATRIX3X2 matView) {
+    switch (state) {
+    case walking: PaintFacing(matView); break;
+    case shellAtRest:
+    case shellSliding: PaintCentered(1.0, 1.0, matView); break;
+    case dying: break;
+    }
+}
+
+bool Dorvak::Stomp() {
+    switch (state) {
+    case walking: state = shellAtRest; return true;
+    case shellAtRest: state = shellSliding; return true;
+    default: return false;
+    }
+}
+
+bool Dorvak::Kill() {
+    state = dying;
+    return true;
+}
+
+RECT2 Dorvak::GetHitRect() {
+    constexpr int shellDrop = 9; // level pixels; the shell is that much lower than the cell
+    if (state == dying) return {};
+    RECT2 box = GetCellRect();
+    if (state != walking) {
+        box.top += shellDrop;
+        box.bottom = box.top + strip.GetCellHeight() - shellDrop;
+    }
+    return box;
+}
+
+bool Dorvak::IsDead() {
+    if (HasFallenOut()) return true;
+    if (state == walking) return false;
+    const int heroX = static_cast<int>(Pelko::GetSingleton()->GetPosition().x);
+    const int windowWidth = GameEngine::GetSingleton()->GetWidth();
+    return heroX - windowWidth / 2 > position.x || position.x > heroX + windowWidth;
+}

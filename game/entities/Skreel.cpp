@@ -1,0 +1,44 @@
+#include "game/entities/Skreel.h"
+
+Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 3) {}
+
+void Skreel::Tick(double deltaTime) {
+    constexpr int flatCell = 2;
+    if (!BeginTick()) return;
+    switch (state) {
+    case walking:
+        AnimateWalk();
+        Push(walkPush, deltaTime);
+        Fall(normalGravity, deltaTime);
+        HandleLevelCollision();
+        break;
+    case flattened:
+        strip.Show(flatCell);
+        --flattenedTicks;
+        break;
+    case dying: // through the ground
+        strip.Show(0);
+        Fall(2 * normalGravity, deltaTime);
+        break;
+    }
+}
+
+void Skreel::Paint(MATRIX3X2 matView) {
+    switch (state) {
+    case walking: PaintFacing(matView); break;
+    case flattened: PaintCentered(1.0, 1.0, matView); break;
+    case dying: PaintCentered(1.0, -1.0, matView); break;
+    }
+}
+
+bool Skreel::Stomp() {
+    state = flattened;
+    return true;
+}
+
+bool Skreel::Kill() {
+    constexpr double hopSpeed = 150.0; // level pixels / s, upwards
+    state = dying;
+    velocity.y -= hopSpeed;
+    return true;
+}

@@ -3,6 +3,7 @@
 #include "engine/DOUBLE2.h"
 #include "engine/MATRIX3X2.h"
 #include "engine/RECT2.h"
+#include "game/entities/SpriteStrip.h"
 
 class Bitmap;
 
@@ -36,11 +37,11 @@ private:
     void RollOnBlocks();
     void Move(double deltaTime);
     void Explode();
-    int CellWidth() const;
+    bool Touches(DOUBLE2 otherPosition, RECT2 otherBox) const;
     RECT2 BoxAt(DOUBLE2 centre) const;
 
-    Bitmap* fireballBitmapPtr;
-    Bitmap* explosionBitmapPtr;
+    SpriteStrip flyingStrip;
+    SpriteStrip explosionStrip;
     int tickCounter = 0;
     int frame = 0;
     int direction; // -1 left, +1 right

@@ -102,10 +102,18 @@ private:
     /// The order counts: when a change has to end early, the first that runs names the form.
     enum FormChange : int { bigToSmall, fireToSmall, smallToBig, bigToFire, formChangeCount };
 
+    struct ChangedForms {
+        HeroForm oldForm;
+        HeroForm newForm;
+    };
+    static constexpr std::array<ChangedForms, formChangeCount> changedForms = {
+        {{heroBig, heroSmall}, {heroFire, heroSmall}, {heroSmall, heroBig}, {heroBig, heroFire}}};
+    static constexpr int formChangeTicks = 90;
+
     void ReadDataFile();
 
     // Steps of a tick
-    void UpdateFormChange();
+    void BeginFormChangeTick();
     void UpdateInvulnerability();
     void TickState();
     void TickStanding();
@@ -127,20 +135,22 @@ private:
     void UpdateStar();
 
     // What the states share
-    bool IsMovingVertically() const;
+    bool IsFalling() const;
     void Jump();
+    /// Speeds up towards `direction` (-1 left, +1 right); against the current motion it brakes as well.
     void Accelerate(int direction);
+    void ApplyFriction();
     void WalkFacingRight();
     void AnimateFormChange(FormChange change);
     void EndFormChange();
-    bool IsFormChanging() const;
     bool IsDying() const { return state == heroDying || !alive; }
     bool CollidesWithLevel() const;
     int Height() const;
-    void Teleport(DOUBLE2 target);
+    void Teleport(DOUBLE2 target, int music, int hurryMusic);
+    static void PlayMusicForTime(int music, int hurryMusic);
 
     void PaintSprite();
-    int NextStarOffset();
+    int NextStarBand();
 
     bool facingRight = true;
     bool alive = true;
@@ -156,7 +166,7 @@ private:
     // All counted in ticks.
     int frameColumn = 0;
     int walkFrameTimer = 0;
-    int formChangeCounter;
+    int formChangeCounter = formChangeTicks;
     int invulnerabilityCounter = 0;
     int starCounter = 0; // goes on falling below 0
     int starTickCounter = 0;

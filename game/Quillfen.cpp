@@ -1,0 +1,230 @@
+#include "game/Quillfen.h"
+
+#include "engine/GameEngine.h"
+#include "game/HUD.h"
+#include "game/Handy.h"
+#include "game/Level.h"
+#include "game/Sound.h"
+#include "game/entities/EnemyList.h"
+#include "game/entities/EntityList.h"
+#include "game/player/BlockList.h"
+#include "game/player/CollisionList.h"
+#include "game/player/Pelko.h"
+#include "platform/Messages.h"
+
+#include <algorithm>
+#include <iostream>
+#include <numbers>
+
+namespace {
+constexpr int scale = 4;       // window pixels per level pixel
+constexpr int viewWidth = 256; // level pixels
+constexpr int viewHeight = 224;
+constexpr double followMargin = 80.0; // level pixels from the view's left edge that the hero gets before it follows
+
+// The underground room lies below the left end of the overworld; all in level pixels.
+constexpr DOUBLE2 undergroundView(0.0, 224.0);
+constexpr double undergroundRight = 255.0;
+
+constexpr double freeCameraSpeed = 300.0;           // level pixels / s
+constexpr double freeCameraTurn = std::numbers::pi; // radians / s
+constexpr double freeCameraZoom = 1.0;              // level pixels per window pixel, each second
+constexpr double lowestView = 224.0;                // level pixels
+constexpr double unzoomed = 1.0 / scale;
+
+constexpr int flushTicks = 15; // how long a position may wait before a reader of the output gets it
+
+Quillfen* singletonPtr = nullptr;
+} // namespace
+
+Quillfen* Quillfen::GetSingleton() {
+    if (singletonPtr == nullptr) singletonPtr = new Quillfen;
+    return singletonPtr;
+}
+
+Quillfen::~Quillfen() { singletonPtr = nullptr; }
+
+void Quillfen::GameInitialize(HINSTANCE hInstance) {
+    AbstractGame::GameInitialize(hInstance);
+    GameEngine* const enginePtr = GameEngine::GetSingleton();
+    enginePtr->SetTitle("Quillfen - Varnel, Odrik - 1KVT3");
+    enginePtr->RunGameLoop(true);
+    enginePtr->SetWidth(scale * viewWidth);
+    enginePtr->SetHeight(scale * viewHeight);
+    String keys(L"EQOUPI");
+    for (const VirtualKey key : {VK_SPACE, VK_ESCAPE, VK_HOME, VK_END, VK_DELETE, VK_ESCAPE, VK_TAB}) {
+        keys += static_cast<wchar_t>(key);
+    }
+    enginePtr->SetKeyList(keys);
+    enginePtr->SetVSync(true);
+    // Decoded while the window opens, in the order in which the first frame asks for them.
+    enginePtr->GetWICImagingFactory()->Prefetch(
+        {"Resources/Images/Coin.bmp", "Resources/Images/CoinBlock.bmp", "Resources/Images/Flower.bmp",
+         "Resources/Images/Mushroom.bmp", "Resources/Images/Star.bmp", "Resources/Images/World1-1.png",
+         "Resources/Images/CastleHalf.png", "Resources/Images/PipeVerticalBig.bmp",
+         "Resources/Images/PipeHorizontal.bmp", "Resources/Images/PipeVerticalSmall.bmp", "Resources/Images/Flag.bmp",
+         "Resources/Images/Font.bmp", "Resources/Images/CoinIcon.bmp", "Resources/Images/Pelkos.png",
+         "Resources/Images/Fireball.bmp", "Resources/Images/Explosion.bmp", "Resources/Images/Skreel.bmp",
+         "Resources/Images/Dorvak.bmp", "Resources/Images/Blocks.bmp"});
+}
+
+void Quillfen::GameStart() {
+    GameEngine* const enginePtr = GameEngine::GetSingleton();
+    enginePtr->SetBitmapInterpolationModeNearestNeighbor();
+    Sound::GetSingleton()->PlayMusic(musicOverworld, soundPlay, volumeUnchanged);
+    cameraZoom = unzoomed;
+    fontPtr = std::make_unique<Font>("emulogic", 24.0F);
+    enginePtr->SetFont(fontPtr.get());
+    EntityList::GetSingleton()->CreateCoins();
+}
+
+void Quillfen::GameEnd() {
+    Singleton<Level>::Destroy();
+    Singleton<HUD>::Destroy();
+    Singleton<Handy>::Destroy();
+    Singleton<Sound>::Destroy();
+    fontPtr.reset();
+    Singleton<Pelko>::Destroy();
+    Singleton<BlockList>::Destroy();
+    Singleton<EnemyList>::Destroy();
+    Singleton<EntityList>::Destroy();
+    Singleton<CollisionList>::Destroy();
+}
+
+void Quillfen::GameTick(double deltaTime) {
+    if (paused) return;
+    if (starCheat) Pelko::GetSingleton()->ActivateStar();
+    Level::GetSingleton()->Tick(deltaTime);
+    HUD::GetSingleton()->Tick(deltaTime);
+    CollisionList::GetSingleton()->Tick(deltaTime); // all contacts, before anything moves
+    Pelko::GetSingleton()->Tick(deltaTime);
+    EnemyList::GetSingleton()->Tick(deltaTime);
+    BlockList::GetSingleton()->Tick(deltaTime);
+    EntityList::GetSingleton()->Tick(deltaTime);
+    if (freeCamera) {
+        UpdateFreeCamera(deltaTime);
+    } else {
+        UpdateCamera();
+    }
+    PrintHeroPosition();
+    Sound::GetSingleton()->Tick(deltaTime);
+}
+
+void Quillfen::UpdateCamera() {
+    Pelko* const pelkoPtr = Pelko::GetSingleton();
+    const DOUBLE2 pelkoPos = pelkoPtr->GetPosition();
+    const int half = pelkoPtr->GetWidth() / 2;
+    cameraPosition.x = std::max(cameraPosition.x, pelkoPos.x - half - followMargin); // it never goes back
+    StopCameraAtLevelEnd();
+    if (cameraPosition.x > pelkoPos.x - half) {
+        pelkoPtr->SetPosition(half + cameraPosition.x, Pelko::keepCoordinate); // nor does he leave the view
+    }
+    if (pelkoPos.y > undergroundView.y && pelkoPos.x > 0.0 && pelkoPos.x < undergroundRight && pelkoPtr->IsAlive()) {
+        cameraPosition = undergroundView;
+    } else {
+        cameraPosition.y = 0.0;
+    }
+}
+
+void Quillfen::StopCameraAtLevelEnd() {
+    const int visibleWidth = GameEngine::GetSingleton()->GetWidth() / scale;
+    const int levelWidth = Level::GetSingleton()->GetWidth();
+    if (visibleWidth + cameraPosition.x > levelWidth) cameraPosition.x = levelWidth - visibleWidth;
+}
+
+void Quillfen::UpdateFreeCamera(double deltaTime) {
+    const auto isDown = [](int key) { return GameEngine::GetSingleton()->IsKeyDown(key); };
+    if (isDown(VK_NUMPAD0 + 6)) cameraAngle += freeCameraTurn * deltaTime;
+    if (isDown(VK_NUMPAD0 + 4)) cameraAngle -= freeCameraTurn * deltaTime;
+    if (isDown(VK_NUMPAD0 + 8)) cameraZoom += freeCameraZoom * deltaTime;
+    if (isDown(VK_NUMPAD0 + 2)) cameraZoom -= freeCameraZoom * deltaTime;
+    if (isDown(VK_NUMPAD0 + 5)) {
+        cameraAngle = 0.0;
+        cameraZoom = unzoomed;
+    }
+    if (isDown('W')) cameraPosition.y -= freeCameraSpeed * deltaTime;
+    if (isDown('S')) cameraPosition.y += freeCameraSpeed * deltaTime;
+    if (isDown('A')) cameraPosition.x -= freeCameraSpeed * deltaTime;
+    if (isDown('D')) cameraPosition.x += freeCameraSpeed * deltaTime;
+    cameraPosition.y = std::clamp(cameraPosition.y, 0.0, lowestView);
+    cameraPosition.x = std::max(cameraPosition.x, 0.0);
+    StopCameraAtLevelEnd();
+}
+
+void Quillfen::PrintHeroPosition() {
+    const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
+    std::cout << "Position Pelko: " << pelkoPos.x << ", " << pelkoPos.y << '\r';
+    if (--ticksUntilFlush > 0) return; // not on every tick, which would cost a system call each
+    ticksUntilFlush = flushTicks;
+    std::cout.flush();
+}
+
+void Quillfen::GamePaint(RECT /*rect*/) {
+    // the camera's place in the level: scale, then rotate, then translate; the view undoes it
+    const MATRIX3X2 matCameraScale = MATRIX3X2::CreateScalingMatrix(cameraZoom);
+    const MATRIX3X2 matCameraRotate = MATRIX3X2::CreateRotationMatrix(cameraAngle);
+    const MATRIX3X2 matCameraTranslate = MATRIX3X2::CreateTranslationMatrix(cameraPosition);
+    const MATRIX3X2 matCameraTransform = matCameraScale * matCameraRotate * matCameraTranslate;
+    const MATRIX3X2 matView = matCameraTransform.Inverse();
+    GameEngine::GetSingleton()->SetWorldMatrix(matView);
+
+    Level* const levelPtr = Level::GetSingleton();
+    levelPtr->Paint(matView);
+    Pelko::GetSingleton()->Paint(matView);
+    levelPtr->PaintCastle(matView); // these two hide the hero who goes into them
+    levelPtr->PaintPipes(matView);
+    EnemyList::GetSingleton()->Paint(matView);
+    EntityList::GetSingleton()->Paint(matView);
+    BlockList::GetSingleton()->Paint(matView);
+    CollisionList::GetSingleton()->Paint(matView);
+    HUD::GetSingleton()->Paint();
+    if (debugMode) PaintDebug(matView);
+}
+
+void Quillfen::PaintDebug(const MATRIX3X2& matView) {
+    Level::GetSingleton()->PaintDebug(matView);
+    Level::GetSingleton()->PaintDebugPipes(matView);
+    Pelko::GetSingleton()->PaintDebug(matView);
+    EnemyList::GetSingleton()->PaintDebug(matView);
+    BlockList::GetSingleton()->PaintDebug(matView);
+    EntityList::GetSingleton()->PaintDebug(matView);
+    HUD::GetSingleton()->PaintDebug(true);
+}
+
+void Quillfen::KeyPressed(TCHAR key) {
+    Pelko* const pelkoPtr = Pelko::GetSingleton();
+    switch (key) {
+    case 'E': Toggle(debugMode, L"Debug mode: "); break;
+    case 'Q': Toggle(freeCamera, L"Free camera mode: "); break;
+    case 'P':
+        Sound::GetSingleton()->PlaySound(effectTest, soundPlay, 100);
+        paused = !paused;
+        break;
+    case 'U': pelkoPtr->SetFormState(heroSmall); break;
+    case 'I': pelkoPtr->SetFormState(heroBig); break;
+    case 'O': pelkoPtr->SetFormState(heroFire); break;
+    case VK_HOME:
+        pelkoPtr->ResetToStart();
+        pelkoPtr->SetAlive(true);
+        pelkoPtr->SetState(heroStanding);
+        cameraPosition = DOUBLE2(0.0, 0.0);
+        break;
+    case VK_END:
+        pelkoPtr->GoUnderground();
+        pelkoPtr->SetPosition(50.0, 300.0);
+        cameraPosition = DOUBLE2(0.0, Level::GetSingleton()->GetHeight() / 2);
+        break;
+    case VK_DELETE: pelkoPtr->ExitUnderground(); break;
+    case VK_SPACE:
+        if (pelkoPtr->GetFormState() == heroFire) pelkoPtr->ShootFireball();
+        break;
+    case VK_TAB: starCheat = !starCheat; break;
+    case VK_ESCAPE: GameEngine::GetSingleton()->QuitGame(); break;
+    default: break;
+    }
+}
+
+void Quillfen::Toggle(bool& mode, wchar_t const* name) {
+    mode = !mode;
+    GameEngine::OutputDebugString(String(name) + static_cast<int>(mode) + L"\n");
+}

@@ -1,0 +1,140 @@
+#include "game/player/Fireball.h"
+
+#include "engine/Bitmap.h"
+#include "engine/HitRegion.h"
+#include "game/HUD.h"
+#include "game/Handy.h"
+#include "game/Level.h"
+#include "game/Sound.h"
+#include "game/entities/EnemyList.h"
+#include "game/player/BlockList.h"
+#include "game/player/Pelko.h"
+
+namespace {
+constexpr int flyingFrames = 4;
+constexpr int explosionFrames = 3;
+constexpr int ticksPerFrame = 6;
+constexpr int lifeTicks = 300;
+constexpr double lowestY = 400.0;          // level pixels; below it a fireball has fallen out of sight
+constexpr double farthestFromHero = 200.0; // level pixels to either side
+constexpr double speed = 170.0;            // level pixels / s
+constexpr DOUBLE2 gravity(0.0, 13.0);      // pixels per tick, each second: the fall depends on the frame rate
+constexpr double bounce = 3.0;             // pixels per tick, taken off the fall
+constexpr int nearRadius = 50;             // level pixels; nothing farther away is looked at
+} // namespace
+
+Fireball::Fireball(DOUBLE2 startPosition, Bitmap* flyingBitmapPtr, Bitmap* explodingBitmapPtr)
+    : flyingStrip(flyingBitmapPtr, flyingFrames), explosionStrip(explodingBitmapPtr, explosionFrames),
+      direction(Pelko::GetSingleton()->IsFacingRight() ? +1 : -1), width(flyingBitmapPtr->GetWidth()),
+      height(flyingBitmapPtr->GetHeight()), position(startPosition), hitRect(BoxAt(startPosition)) {
+    Sound::GetSingleton()->PlaySound(effectFireballThrow, soundPlay, 100);
+}
+
+void Fireball::Tick(double deltaTime) {
+    ++tickCounter;
+    EndWhenOldOrFar();
+    switch (state) {
+    case flying: TickFlying(deltaTime); break;
+    case exploding: TickExploding(); break;
+    case done: break;
+    }
+}
+
+void Fireball::EndWhenOldOrFar() {
+    const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
+    if (tickCounter >= lifeTicks || position.y >= lowestY || position.x < pelkoPos.x - farthestFromHero ||
+        position.x > pelkoPos.x + farthestFromHero) {
+        state = done;
+    }
+}
+
+void Fireball::TickFlying(double deltaTime) {
+    if (tickCounter % ticksPerFrame == 0) frame = (frame + 1) % flyingFrames;
+    // An explosion that one of these begins does not stop the others in the same tick.
+    BounceOffGround();
+    ExplodeAtWall();
+    ExplodeAtEnemy();
+    RollOnBlocks();
+    Move(deltaTime);
+}
+
+void Fireball::TickExploding() {
+    if (tickCounter % ticksPerFrame != 0) return;
+    ++frame;
+    if (frame == explosionFrames) state = done;
+}
+
+void Fireball::BounceOffGround() {
+    const DOUBLE2 start(position.x, position.y - flyingStrip.GetCellWidth() / 2);
+    const DOUBLE2 vector(0.0, height);
+    HIT hitArr[1];
+    if (Level::GetSingleton()->GetCollisionRegion()->Raycast(start, vector, hitArr, 1, -1) == 0) return;
+    velocity.y -= bounce; // off the fall, not instead of it: a faster fall bounces less high
+    position.y -= (1.0 - hitArr[0].lambda) * vector.y;
+}
+
+void Fireball::ExplodeAtWall() {
+    const int cellWidth = flyingStrip.GetCellWidth();
+    HIT hitArr[1];
+    const DOUBLE2 start(position.x - cellWidth / 2, position.y);
+    if (Level::GetSingleton()->GetCollisionRegion()->Raycast(start, DOUBLE2(cellWidth, 0.0), hitArr, 1, 0) > 0) {
+        Explode();
+    }
+}
+
+void Fireball::ExplodeAtEnemy() {
+    EnemyList* const enemiesPtr = EnemyList::GetSingleton();
+    for (int i = 0; i < EnemyList::slotCount; ++i) {
+        if (!Touches(enemiesPtr->GetPosition(i), enemiesPtr->GetHitRect(i))) continue;
+        Sound::GetSingleton()->PlaySound(effectKillEnemy, soundPlay, 100);
+        enemiesPtr->Kill(i);
+        HUD::GetSingleton()->AddScore(enemiesPtr->GetType(i) == enemySkreel ? 100 : 400);
+        Explode();
+        return; // one fireball, one enemy
+    }
+}
+
+void Fireball::RollOnBlocks() {
+    const BlockList* const blocksPtr = BlockList::GetSingleton();
+    for (int i = 0; i < BlockList::blockCount; ++i) {
+        const DOUBLE2 blockPos = blocksPtr->GetPosition(i);
+        if (!Touches(blockPos, blocksPtr->GetHitRect(i))) continue;
+        velocity.y = 0.0;
+        position.y = blockPos.y - height / 2;
+    }
+}
+
+void Fireball::Move(double deltaTime) {
+    hitRect = BoxAt(position); // before the move: the next tick's tests see where this one began
+    velocity.x = direction * speed * deltaTime;
+    velocity += gravity * deltaTime;
+    position += velocity;
+}
+
+void Fireball::Explode() {
+    frame = 0;
+    state = exploding;
+}
+
+bool Fireball::Touches(DOUBLE2 otherPosition, RECT2 otherBox) const {
+    const Handy* const handyPtr = Handy::GetSingleton();
+    return HasBox(otherBox) && handyPtr->IsPointNear(otherPosition, position, nearRadius) &&
+           handyPtr->RectsOverlap(otherBox, hitRect);
+}
+
+RECT2 Fireball::BoxAt(DOUBLE2 centre) const {
+    const double left = centre.x - width / 2;
+    const double top = centre.y - height / 2;
+    return {left, top, left + width, top + height};
+}
+
+void Fireball::Paint(MATRIX3X2 matView) {
+    if (state == done) return;
+    SpriteStrip& strip = state == flying ? flyingStrip : explosionStrip;
+    // put the middle of the cell on the position, then apply the camera
+    const DOUBLE2 offset(-(strip.GetCellWidth() / 2), -(strip.GetCellHeight() / 2));
+    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(offset);
+    const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
+    strip.Show(frame);
+    strip.Paint(matCenter * matTranslate * matView);
+}

@@ -1,0 +1,428 @@
+// The hero's motion: states, scripted moves, the level's outline, dying and teleports. His forms, star power and
+// drawing are in PelkoForms.cpp.
+
+#include "game/player/Pelko.h"
+
+#include "engine/Bitmap.h"
+#include "engine/GameEngine.h"
+#include "engine/HitRegion.h"
+#include "game/DataFile.h"
+#include "game/HUD.h"
+#include "game/Level.h"
+#include "game/Quillfen.h"
+#include "game/Sound.h"
+#include "platform/Messages.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr int width = 16; // level pixels, of every form
+constexpr int smallHeight = 16;
+constexpr int bigHeight = 32;
+
+constexpr DOUBLE2 gravity(0.0, 800.0);      // level pixels / s^2
+constexpr double walkAcceleration = 120.0;  // level pixels / s^2
+constexpr double brakeAcceleration = 400.0; // level pixels / s^2, also that of friction
+constexpr double walkSpeed = 100.0;         // level pixels / s, the highest
+constexpr double standSpeed = 5.0;          // level pixels / s; friction stops anything slower
+constexpr double jumpSpeed = 335.0;         // level pixels / s
+constexpr double stompBounceSpeed = 200.0;  // level pixels / s
+constexpr double fallingSpeed = 0.5;        // level pixels / s; anything faster has left the ground
+constexpr double landedSpeed = 0.1;         // level pixels / s
+
+constexpr double sinkSpeed = 35.0;              // level pixels / s
+constexpr double walkOutSpeed = 18.0;           // level pixels / s
+constexpr DOUBLE2 walkHomeVelocity(25.0, 40.0); // level pixels / s; the fall keeps him on the ground
+constexpr int autoMoveTicks = 90;
+constexpr int hurtTicks = 180;
+
+constexpr DOUBLE2 startPosition(50.0, 150.0);
+constexpr DOUBLE2 undergroundPosition(50.0, 250.0);
+constexpr DOUBLE2 pipeExitPosition(2623.0, 136.0);
+constexpr DOUBLE2 undergroundCamera(0.0, 224.0);
+constexpr double checkpointX = 1130.0; // from here on he starts again at the checkpoint
+constexpr DOUBLE2 checkpointPosition(1072.0, 180.0);
+constexpr double fallOutY = 2000.0;
+
+constexpr double footInset = 2.0;   // level pixels from the sides to the feet
+constexpr double boxInset = 3.0;    // level pixels that the side box leaves free at head and feet
+constexpr double throwHeight = 5.0; // level pixels from his top edge to a new fireball's centre
+
+constexpr int standingColumn = 0; // of the sprite sheet
+constexpr int walkColumns = 4;    // 1 to 4
+constexpr int jumpColumn = 6;
+constexpr int deadColumn = 7;
+constexpr int walkFrameTicks = 6;
+
+bool IsKeyDown(VirtualKey key) { return GameEngine::GetSingleton()->IsKeyDown(key); }
+} // namespace
+
+Pelko::Pelko()
+    : spriteSheetPtr(std::make_unique<Bitmap>("Resources/Images/Pelkos.png")),
+      fireballBitmapPtr(std::make_unique<Bitmap>("Resources/Images/Fireball.bmp")),
+      explosionBitmapPtr(std::make_unique<Bitmap>("Resources/Images/Explosion.bmp")),
+      levelRegionPtr(Level::GetSingleton()->GetCollisionRegion()) {
+    fireballBitmapPtr->SetTransparencyColor(255, 0, 255);
+    explosionBitmapPtr->SetTransparencyColor(255, 0, 255);
+    ReadDataFile();
+}
+
+Pelko::~Pelko() = default;
+
+void Pelko::ReadDataFile() {
+    DataFile file("Resources/Files/Data_Pelko.txt");
+    if (!file.IsReadable()) {
+        GameEngine::GetSingleton()->MessageBox("File <Data_Pelko.txt> Could not be found!");
+        return;
+    }
+    int x = 0;
+    int y = 0;
+    DataLine line;
+    while (file.ReadLine(line)) {
+        if (line.label == "PositionX:     ") {
+            x = line.value;
+        } else if (line.label == "PositionY:     ") {
+            y = line.value;
+        } else if (line.label == "FormState:     " && x != 0 && y != 0) {
+            // The form closes a record; one without a place is not used, and what it gave so far counts on.
+            position = DOUBLE2(x, y);
+            form = line.value;
+            x = 0;
+            y = 0;
+        }
+    }
+}
+
+void Pelko::Tick(double deltaTime) {
+    tickSeconds = deltaTime;
+    BeginFormChangeTick();
+    UpdateInvulnerability();
+    TickState();
+    velocity.x = std::clamp(velocity.x, -walkSpeed, walkSpeed);
+    Travel(); // the states choose the velocity, this spends it
+    PassCheckpoint();
+    StayInLevel();
+    RespawnAfterFall();
+    // Last: the rays must see where the move ended.
+    StayOutOfWalls();
+    StandOnGround();
+    if (!alive) Sound::GetSingleton()->PlaySound(effectDead, soundPlay, 100);
+    UpdateStar();
+    for (std::optional<Fireball>& fireball : fireballs) {
+        if (fireball) fireball->Tick(deltaTime);
+    }
+}
+
+void Pelko::UpdateInvulnerability() {
+    invulnerabilityCounter = std::max(invulnerabilityCounter - 1, 0);
+    invulnerable = invulnerabilityCounter > 0;
+}
+
+// States
+
+void Pelko::TickState() {
+    switch (state) {
+    case heroStanding: TickStanding(); break;
+    case heroWalking: TickWalking(); break;
+    case heroDying: TickDying(); break;
+    case heroAirborne: TickAirborne(); break;
+    case heroShrinking: TickShrinking(); break;
+    case heroGrowing: TickGrowing(); break;
+    case heroChanged: TickChanged(); break;
+    default: break;
+    }
+}
+
+void Pelko::TickStanding() {
+    frameColumn = standingColumn;
+    if (IsFalling()) {
+        state = heroAirborne;
+        return;
+    }
+    if (IsKeyDown(VK_LEFT) || IsKeyDown(VK_RIGHT)) {
+        state = heroWalking;
+        return;
+    }
+    if (IsKeyDown(VK_UP)) {
+        Jump();
+        return;
+    }
+    ApplyFriction();
+}
+
+void Pelko::TickWalking() {
+    if (++walkFrameTimer == walkFrameTicks) {
+        walkFrameTimer = 0;
+        frameColumn = frameColumn % walkColumns + 1;
+    }
+    if (IsFalling()) {
+        state = heroAirborne;
+        return;
+    }
+    if (IsKeyDown(VK_UP)) {
+        Jump();
+        return;
+    }
+    if (IsKeyDown(VK_RIGHT)) {
+        Accelerate(+1);
+    } else if (IsKeyDown(VK_LEFT)) {
+        Accelerate(-1);
+    } else {
+        state = heroStanding;
+    }
+}
+
+void Pelko::TickDying() {
+    frameColumn = deadColumn;
+    alive = false;
+}
+
+void Pelko::TickAirborne() {
+    if (std::abs(velocity.y) < landedSpeed) {
+        frameColumn = standingColumn;
+        state = heroStanding;
+        return;
+    }
+    if (IsKeyDown(VK_LEFT)) {
+        Accelerate(-1);
+    } else if (IsKeyDown(VK_RIGHT)) {
+        Accelerate(+1);
+    }
+}
+
+bool Pelko::IsFalling() const { return std::abs(velocity.y) > fallingSpeed; }
+
+void Pelko::Jump() {
+    frameColumn = jumpColumn;
+    velocity.y -= jumpSpeed;
+    Sound::GetSingleton()->PlaySound(effectJump, soundPlay, volumeUnchanged);
+    state = heroAirborne;
+}
+
+void Pelko::Accelerate(int direction) {
+    if (velocity.x * direction < 0.0) velocity.x += direction * brakeAcceleration * tickSeconds;
+    velocity.x += direction * walkAcceleration * tickSeconds;
+}
+
+void Pelko::ApplyFriction() {
+    if (std::abs(velocity.x) < standSpeed) velocity.x = 0.0;
+    if (velocity.x > 0.0) {
+        velocity.x -= brakeAcceleration * tickSeconds;
+    } else if (velocity.x < 0.0) {
+        velocity.x += brakeAcceleration * tickSeconds;
+    }
+}
+
+// Moving
+
+void Pelko::Travel() {
+    if (transforming) return;
+    if (sinking || walkingOut || walkingIntoCastle) {
+        // A teleport at the end of one of them ends the others too.
+        if (sinking) SinkIntoPipe();
+        if (walkingOut) WalkOutOfPipe();
+        if (walkingIntoCastle) WalkIntoCastle();
+        return;
+    }
+    velocity += gravity * tickSeconds;
+    position += velocity * tickSeconds;
+}
+
+void Pelko::SinkIntoPipe() {
+    if (--autoMoveCounter < 0) {
+        GoUnderground();
+    } else {
+        position.y += sinkSpeed * tickSeconds;
+    }
+}
+
+void Pelko::WalkOutOfPipe() {
+    if (--autoMoveCounter < 0) {
+        ExitUnderground();
+    } else {
+        WalkFacingRight();
+        position.x += walkOutSpeed * tickSeconds;
+    }
+}
+
+void Pelko::WalkIntoCastle() {
+    WalkFacingRight();
+    position += walkHomeVelocity * tickSeconds;
+}
+
+void Pelko::WalkFacingRight() {
+    facingRight = true;
+    state = heroWalking;
+}
+
+void Pelko::PassCheckpoint() {
+    if (position.x >= checkpointX) respawnPoint = checkpointPosition;
+}
+
+void Pelko::StayInLevel() {
+    constexpr int half = width / 2;
+    const int levelWidth = Level::GetSingleton()->GetWidth();
+    if (position.x - half < 0.0) position.x = half;
+    if (position.x + half > levelWidth) position.x = levelWidth - half;
+}
+
+void Pelko::RespawnAfterFall() {
+    if (position.y <= fallOutY) return;
+    SetAlive(true);
+    velocity = {};
+    Quillfen::GetSingleton()->SetCameraPosition(0.0, 0.0);
+    position = respawnPoint;
+}
+
+bool Pelko::CollidesWithLevel() const { return alive && !sinking && !walkingOut; }
+
+void Pelko::StayOutOfWalls() {
+    if (!CollidesWithLevel()) return;
+    const DOUBLE2 widthVector(width - 1, 0.0);
+    // Twice: between two walls the second cast finds what the push from the first one left.
+    for (int cast = 0; cast < 2; ++cast) {
+        const DOUBLE2 rayStart(position.x - width / 2, position.y + Height() / 2);
+        HIT hitArr[1];
+        if (levelRegionPtr->Raycast(rayStart, widthVector, hitArr, 1, 0) == 0) continue;
+        const double lambda = hitArr[0].lambda;
+        velocity.x = 0.0;
+        if (lambda > 0.5) {
+            position.x -= (1.0 - lambda) * widthVector.x;
+        } else {
+            position.x += lambda * widthVector.x;
+        }
+    }
+}
+
+void Pelko::StandOnGround() {
+    if (!CollidesWithLevel()) return;
+    const double height = Height();
+    const DOUBLE2 heightVector(0.0, height);
+    HIT hitArr[1];
+    // Two rays, not one: with a single middle ray a foot would hang through the edge of a platform.
+    for (const double footX : {position.x - width / 2 + footInset, position.x + width / 2 - footInset}) {
+        const DOUBLE2 rayStart(footX, position.y);
+        if (levelRegionPtr->Raycast(rayStart, heightVector, hitArr, 1, -1) == 0) continue;
+        velocity.y = 0.0;
+        position.y -= (1.0 - hitArr[0].lambda) * height;
+    }
+    const DOUBLE2 feet(position.x - width / 2, position.y + height);
+    if (levelRegionPtr->Raycast(feet, DOUBLE2(0.0, -height), hitArr, 1, -1) == 0) return;
+    velocity.y = 0.0;
+    position.y += (1.0 - hitArr[0].lambda) * height;
+}
+
+// What happens to him
+
+void Pelko::SetPosition(double x, double y) {
+    if (x != keepCoordinate) position.x = x;
+    if (y != keepCoordinate) position.y = y;
+}
+
+void Pelko::ResetVelocity(bool x, bool y) {
+    if (x) velocity.x = 0.0;
+    if (y) velocity.y = 0.0;
+}
+
+void Pelko::StompBounce() { velocity.y = -stompBounceSpeed; }
+
+void Pelko::BumpHead() { velocity.y = -velocity.y / 2.0; }
+
+void Pelko::Hurt() {
+    if (IsDying()) return;
+    if (GetFormState() == heroSmall) {
+        SetAlive(false);
+        return;
+    }
+    Sound::GetSingleton()->PlaySound(effectPipe, soundPlay, 100);
+    invulnerabilityCounter = hurtTicks;
+    SetState(heroShrinking);
+}
+
+void Pelko::Grow() {
+    if (!IsDying()) SetState(heroGrowing);
+}
+
+void Pelko::SetAlive(bool newAlive) {
+    if (newAlive) {
+        alive = true;
+        EndFormChange();
+        SetState(heroStanding);
+        return;
+    }
+    SetState(heroDying);
+    velocity = DOUBLE2(0.0, -jumpSpeed); // the death hop
+}
+
+void Pelko::SetState(int newState) {
+    if (newState == heroDying) EndFormChange();
+    state = newState;
+}
+
+void Pelko::StartAutoMove(int move) {
+    switch (move) {
+    case heroSinksIntoPipe: sinking = true; break;
+    case heroWalksOutOfPipe: walkingOut = true; break;
+    case heroWalksIntoCastle: walkingIntoCastle = true; break;
+    default: return;
+    }
+    autoMoveCounter = autoMoveTicks;
+}
+
+void Pelko::ShootFireball() {
+    for (std::optional<Fireball>& fireball : fireballs) {
+        if (fireball && fireball->IsDone()) fireball.reset();
+    }
+    const auto emptyPlace = std::find(fireballs.begin(), fireballs.end(), std::nullopt);
+    if (emptyPlace == fireballs.end()) return;
+    emptyPlace->emplace(DOUBLE2(position.x, position.y + throwHeight), fireballBitmapPtr.get(),
+                        explosionBitmapPtr.get());
+}
+
+void Pelko::GoUnderground() {
+    Quillfen::GetSingleton()->SetCameraPosition(undergroundCamera.x, undergroundCamera.y);
+    Teleport(undergroundPosition, musicUnderworld, musicUnderworldHurry);
+}
+
+void Pelko::ExitUnderground() {
+    Teleport(pipeExitPosition, musicOverworld, musicOverworldHurry);
+} // the camera follows by itself
+
+void Pelko::ResetToStart() {
+    Quillfen::GetSingleton()->SetCameraPosition(0.0, 0.0);
+    Teleport(startPosition, musicOverworld, musicOverworldHurry);
+}
+
+void Pelko::Teleport(DOUBLE2 target, int music, int hurryMusic) {
+    velocity = {};
+    sinking = walkingOut = walkingIntoCastle = false;
+    position = target;
+    PlayMusicForTime(music, hurryMusic);
+}
+
+void Pelko::PlayMusicForTime(int music, int hurryMusic) {
+    constexpr int hurryTime = 100; // what the HUD shows when the music begins to hurry
+    Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music : hurryMusic, soundPlay,
+                                     volumeUnchanged);
+}
+
+// Questions
+
+int Pelko::GetFormState() const { return form == heroBig || form == heroFire ? form : heroSmall; }
+
+int Pelko::GetWidth() const { return width; }
+
+int Pelko::Height() const { return GetFormState() == heroSmall ? smallHeight : bigHeight; }
+
+RECT2 Pelko::GetHitRectHorizontal() const {
+    if (!alive || invulnerable) return {};
+    const double left = position.x - width / 2;
+    const double top = position.y + boxInset;
+    return {left, top, left + width, top + Height() - 2.0 * boxInset};
+}
+
+RECT2 Pelko::GetHitRectVertical() const {
+    if (!alive || invulnerable) return {};
+    return {position.x, position.y, position.x, position.y + Height()};
+}

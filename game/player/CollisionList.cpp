@@ -1,0 +1,275 @@
+#include "game/player/CollisionList.h"
+
+#include "engine/GameEngine.h"
+#include "game/HUD.h"
+#include "game/Handy.h"
+#include "game/Level.h"
+#include "game/Sound.h"
+#include "game/entities/EnemyList.h"
+#include "game/entities/EntityList.h"
+#include "game/player/BlockList.h"
+#include "game/player/Pelko.h"
+
+namespace {
+
+constexpr int nearby = 50; // level pixels; things whose positions are farther apart cannot touch
+
+bool Touch(RECT2 a, RECT2 b) { return HasBox(a) && HasBox(b) && Handy::GetSingleton()->RectsOverlap(a, b); }
+
+bool IsNear(DOUBLE2 a, DOUBLE2 b) { return Handy::GetSingleton()->IsPointNear(a, b, nearby); }
+
+/// Calls `act(index, overlap)` for every box of the list, 0 to `count` - 1, that touches `box`.
+template <typename List, typename Action>
+void ForEachTouching(RECT2 box, List* listPtr, int count, Action act) {
+    for (int i = 0; i < count; ++i) {
+        const RECT2 other = listPtr->GetHitRect(i);
+        if (Touch(box, other)) act(i, Handy::GetSingleton()->GetIntersection(box, other));
+    }
+}
+
+/// The same for those boxes only whose position is near `position`.
+template <typename List, typename Action>
+void ForEachTouchingNear(DOUBLE2 position, RECT2 box, List* listPtr, int count, Action act) {
+    for (int i = 0; i < count; ++i) {
+        if (!IsNear(position, listPtr->GetPosition(i))) continue;
+        const RECT2 other = listPtr->GetHitRect(i);
+        if (Touch(box, other)) act(i, Handy::GetSingleton()->GetIntersection(box, other));
+    }
+}
+
+/// Where along an axis an overlap touches the hero: at neither end when it covers him, lies inside him or has no
+/// length.
+enum class Side { none, low, high };
+
+/// The hero reaches from `heroLow` to `heroHigh`, the overlap from `low` to `high`. The edges of an overlap are copies
+/// of the hero's, so they can be compared exactly.
+Side ContactSide(double heroLow, double heroHigh, double low, double high) {
+    if (low > heroLow && high > heroLow && heroHigh > low && heroHigh == high) return Side::high;
+    if (heroLow == low && high > heroLow && heroHigh > low && heroHigh > high) return Side::low;
+    return Side::none;
+}
+
+/// Low is his left, high his right.
+Side HorizontalSide(RECT2 hero, RECT2 overlap) {
+    return ContactSide(hero.left, hero.right, overlap.left, overlap.right);
+}
+
+/// Low is his head, high his feet.
+Side VerticalSide(RECT2 hero, RECT2 overlap) { return ContactSide(hero.top, hero.bottom, overlap.top, overlap.bottom); }
+
+/// What the player gets for an enemy that the hero defeats himself.
+int ScoreOf(int enemyType) { return enemyType == enemySkreel ? 100 : 400; }
+
+/// Puts whatever of the list touches a block on top of it.
+template <typename List>
+void LiftOntoBlock(List* listPtr, int index, RECT2 overlap) {
+    listPtr->Move(index, DOUBLE2(0, -(overlap.bottom - overlap.top)));
+    listPtr->ResetVelocity(index, false, true);
+}
+
+void StompEnemy(int index, RECT2 overlap) {
+    Pelko* pelkoPtr = Pelko::GetSingleton();
+    EnemyList* enemiesPtr = EnemyList::GetSingleton();
+    pelkoPtr->ResetVelocity(false, true);
+    pelkoPtr->Move(DOUBLE2(0, -(overlap.bottom - overlap.top)));
+    pelkoPtr->StompBounce();
+    Sound::GetSingleton()->PlaySound(effectKillEnemy, soundPlay, volumeUnchanged);
+    enemiesPtr->Stomp(index);
+    HUD::GetSingleton()->AddScore(ScoreOf(enemiesPtr->GetType(index)));
+    // a kicked shell slides where the hero faces
+    if (enemiesPtr->GetType(index) == enemyDorvak) enemiesPtr->SetMovingLeft(index, !pelkoPtr->IsFacingRight());
+}
+
+void BumpBlock(int index, RECT2 overlap) {
+    Pelko* pelkoPtr = Pelko::GetSingleton();
+    BlockList* blocksPtr = BlockList::GetSingleton();
+    pelkoPtr->BumpHead();
+    pelkoPtr->Move(DOUBLE2(0, overlap.bottom - overlap.top));
+    const int type = blocksPtr->GetType(index);
+    const bool isBreakable = type == blockTypeQuestion || type == blockTypeTreasure; // even by a small hero
+    if (pelkoPtr->GetFormState() != heroSmall || isBreakable) blocksPtr->DamageBlock(index);
+    blocksPtr->HitBlock(index);
+    Sound::GetSingleton()->PlaySound(effectBlockBump, soundPlay, 100);
+}
+
+void TakeEntity(int index) {
+    constexpr int powerUpScore = 1000;
+    Pelko* pelkoPtr = Pelko::GetSingleton();
+    EntityList* entitiesPtr = EntityList::GetSingleton();
+    const auto takePowerUp = [=] {
+        HUD::GetSingleton()->AddScore(powerUpScore);
+        Sound::GetSingleton()->PlaySound(effectPowerUp, soundPlay, 100);
+        entitiesPtr->SetState(index, entityGone);
+    };
+    switch (entitiesPtr->GetType(index)) {
+    case entityCoin:
+        HUD::GetSingleton()->AddCoin();
+        Sound::GetSingleton()->PlaySound(effectCoin, soundPlay, 50);
+        break;
+    case entityFlower:
+        if (pelkoPtr->GetFormState() == heroBig) pelkoPtr->Grow();
+        takePowerUp();
+        break;
+    case entityMushroom:
+        if (pelkoPtr->GetFormState() == heroSmall && entitiesPtr->GetMushroomVariant(index) == 0) pelkoPtr->Grow();
+        takePowerUp();
+        break;
+    case entityStar: // its music is its sound
+        HUD::GetSingleton()->AddScore(powerUpScore);
+        entitiesPtr->SetState(index, entityGone);
+        pelkoPtr->ActivateStar();
+        break;
+    default: break;
+    }
+    entitiesPtr->Collect(index);
+}
+
+/// While the hero is on the trigger and the key is held, the move through the pipe starts anew on every tick.
+void EnterPipe(RECT2 trigger, int virtualKey, int move, char const* debugLine) {
+    Pelko* pelkoPtr = Pelko::GetSingleton();
+    if (!Touch(pelkoPtr->GetHitRectVertical(), trigger)) return;
+    GameEngine::OutputDebugString(debugLine);
+    if (!GameEngine::GetSingleton()->IsKeyDown(virtualKey)) return;
+    pelkoPtr->StartAutoMove(move);
+    Sound::GetSingleton()->PlaySound(effectPipe, soundPlay, 100);
+}
+
+} // namespace
+
+void CollisionList::Tick(double) {
+    if (!Pelko::GetSingleton()->IsInvulnerable()) {
+        // Vertical before horizontal: a stomp is judged before the side of the same enemy, a landing before the push.
+        CollideEnemiesVertical();
+        CollideEnemiesHorizontal();
+        CollideBlocksVertical();
+        CollideBlocksHorizontal();
+        CollideEntities();
+        CollidePipeEntrance();
+        CollidePipeExit();
+        CollideFlagPole();
+        CollideShellWithEnemies();
+    }
+    CollideEnemiesWithBlocks();
+    CollideEntitiesWithBlocks();
+}
+
+void CollisionList::CollideEnemiesVertical() {
+    const RECT2 pelkoV = Pelko::GetSingleton()->GetHitRectVertical();
+    ForEachTouching(pelkoV, EnemyList::GetSingleton(), EnemyList::slotCount, [pelkoV](int index, RECT2 move) {
+        GameEngine::OutputDebugString("AABB - Pelko + Enemy - Vertical \n");
+        switch (VerticalSide(pelkoV, move)) {
+        case Side::high: StompEnemy(index, move); break;
+        case Side::low: // it dropped onto his head: deadly in any form, and the star does not help
+            Pelko::GetSingleton()->ResetVelocity(false, true);
+            Pelko::GetSingleton()->SetAlive(false);
+            break;
+        case Side::none: break;
+        }
+    });
+}
+
+void CollisionList::CollideEnemiesHorizontal() {
+    const RECT2 pelkoH = Pelko::GetSingleton()->GetHitRectHorizontal();
+    EnemyList* enemiesPtr = EnemyList::GetSingleton();
+    ForEachTouching(pelkoH, enemiesPtr, EnemyList::slotCount, [=](int index, RECT2 move) {
+        GameEngine::OutputDebugString("AABB - Pelko + Enemy - Horizontal \n");
+        if (Pelko::GetSingleton()->IsStarActive()) {
+            enemiesPtr->Kill(index);
+            HUD::GetSingleton()->AddScore(ScoreOf(enemiesPtr->GetType(index)));
+        } else if (HorizontalSide(pelkoH, move) != Side::none) {
+            Pelko::GetSingleton()->Hurt();
+        }
+    });
+}
+
+void CollisionList::CollideBlocksVertical() {
+    const RECT2 pelkoV = Pelko::GetSingleton()->GetHitRectVertical();
+    ForEachTouching(pelkoV, BlockList::GetSingleton(), BlockList::blockCount, [pelkoV](int index, RECT2 move) {
+        GameEngine::OutputDebugString("AABB - Pelko + Block - Vertical \n");
+        switch (VerticalSide(pelkoV, move)) {
+        case Side::high:
+            Pelko::GetSingleton()->ResetVelocity(false, true);
+            Pelko::GetSingleton()->Move(DOUBLE2(0, -(move.bottom - move.top)));
+            break;
+        case Side::low: BumpBlock(index, move); break;
+        case Side::none: break;
+        }
+    });
+}
+
+void CollisionList::CollideBlocksHorizontal() {
+    const RECT2 pelkoH = Pelko::GetSingleton()->GetHitRectHorizontal();
+    ForEachTouching(pelkoH, BlockList::GetSingleton(), BlockList::blockCount, [pelkoH](int, RECT2 move) {
+        GameEngine::OutputDebugString("AABB - Pelko + Block - Horizontal \n");
+        const double width = move.right - move.left;
+        switch (HorizontalSide(pelkoH, move)) {
+        case Side::high: Pelko::GetSingleton()->Move(DOUBLE2(-width, 0)); break;
+        case Side::low: Pelko::GetSingleton()->Move(DOUBLE2(width, 0)); break;
+        case Side::none: break;
+        }
+    });
+}
+
+bool CollisionList::CollideEntities() {
+    bool result = false;
+    EntityList* entitiesPtr = EntityList::GetSingleton();
+    ForEachTouchingNear(Pelko::GetSingleton()->GetPosition(), Pelko::GetSingleton()->GetHitRectHorizontal(),
+                        entitiesPtr, entitiesPtr->GetSize(), [&result](int index, RECT2) {
+                            result = true;
+                            GameEngine::OutputDebugString("AABB - Pelko + Entity \n");
+                            TakeEntity(index);
+                        });
+    return result;
+}
+
+void CollisionList::CollidePipeEntrance() {
+    constexpr int downArrow = 40;
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectVertical(), downArrow, heroSinksIntoPipe,
+              "AABB - Pelko + Pipe Enterance\n");
+}
+
+void CollisionList::CollidePipeExit() {
+    constexpr int rightArrow = 39;
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectHorizontal(), rightArrow, heroWalksOutOfPipe,
+              "AABB - Pelko + Pipe Exit\n");
+}
+
+void CollisionList::CollideFlagPole() {
+    const RECT2 poleRect = Level::GetSingleton()->GetFlagpoleRect();
+    const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
+    const DOUBLE2 polePos(poleRect.left, pelkoPos.y); // at his height: only the distance along the ground counts
+    if (!IsNear(polePos, pelkoPos) || !Touch(poleRect, Pelko::GetSingleton()->GetHitRectHorizontal())) return;
+    Level::GetSingleton()->SetFlagReached();
+    if (!Level::GetSingleton()->IsFlagDown()) Sound::GetSingleton()->PlaySound(effectFlag, soundPlay, 100);
+}
+
+void CollisionList::CollideShellWithEnemies() {
+    constexpr double overworldTop = 50.0; // the shell works between these only
+    constexpr double overworldBottom = 224.0;
+    constexpr int shellScore = 200;
+    EnemyList* enemiesPtr = EnemyList::GetSingleton();
+    const DOUBLE2 dorvakPos = enemiesPtr->GetPosition(EnemyList::shellSlot);
+    const RECT2 dorvak = enemiesPtr->GetHitRect(EnemyList::shellSlot);
+    if (dorvakPos.y <= overworldTop || dorvakPos.y >= overworldBottom) return;
+    ForEachTouchingNear(dorvakPos, dorvak, enemiesPtr, EnemyList::shellSlot, [=](int index, RECT2) {
+        enemiesPtr->Kill(index);
+        HUD::GetSingleton()->AddScore(shellScore);
+        Sound::GetSingleton()->PlaySound(effectKillEnemy, soundPlay, 100);
+    });
+}
+
+void CollisionList::CollideEnemiesWithBlocks() {
+    EnemyList* enemiesPtr = EnemyList::GetSingleton();
+    for (int i = 0; i < EnemyList::slotCount; ++i) {
+        ForEachTouching(enemiesPtr->GetHitRect(i), BlockList::GetSingleton(), BlockList::blockCount,
+                        [=](int, RECT2 move) { LiftOntoBlock(enemiesPtr, i, move); });
+    }
+}
+
+void CollisionList::CollideEntitiesWithBlocks() {
+    EntityList* entitiesPtr = EntityList::GetSingleton();
+    for (int i = 0; i < entitiesPtr->GetSize(); ++i) {
+        ForEachTouchingNear(entitiesPtr->GetPosition(i), entitiesPtr->GetHitRect(i), BlockList::GetSingleton(),
+                            BlockList::blockCount, [=](int, RECT2 move) { LiftOntoBlock(entitiesPtr, i, move); });
+    }
+}

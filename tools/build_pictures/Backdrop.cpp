@@ -11,11 +11,11 @@ using platform::Picture;
 
 namespace {
 
-/// The colour of one mood; the seam between two flat colours is three rows of ordered dots.
+/// The colour of one mood; the seam between two flat colours is ten rows of ordered dots.
 std::uint32_t SkyAt(const Mood& mood, int x, int y) {
     for (std::size_t i = 0; i + 1 < mood.bands.size(); ++i) {
         const int over = mood.bands[i].bottom - y;
-        if (over > 3 || (over > -3 && Dither(x, y, (over + 3) / 6.0))) return mood.bands[i].colour;
+        if (over > 5 || (over > -5 && Dither(x, y, (over + 5) / 10.0))) return mood.bands[i].colour;
     }
     return mood.bands.back().colour;
 }

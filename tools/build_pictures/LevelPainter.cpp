@@ -62,14 +62,14 @@ void LevelPainter::Read(const std::string& path) {
         } else if (order == "column") {
             const int x = file.Number("x");
             const int width = file.Number("the width");
-            PaintColumn(level, palette, x, GroundAt(x), width, file.Number("the height"), x);
+            PaintColumn(level, palette, x, terrain.GroundAt(x), width, file.Number("the height"), x);
         } else if (order == "wall" || order == "tower") {
             const int x = file.Number("x");
             const int width = file.Number("the width");
             const int height = file.Number("the height");
             const int last = file.Number("the opening or roof");
-            (order == "wall" ? PaintWall : PaintTower)(level, palette, x, GroundAt(x + width / 2), width, height, last,
-                                                       x);
+            (order == "wall" ? PaintWall : PaintTower)(level, palette, x, terrain.GroundAt(x + width / 2), width,
+                                                       height, last, x);
         } else if (order == "prop") {
             ReadProp(file);
         } else if (order == "box") {
@@ -110,13 +110,6 @@ const Tones& LevelPainter::ReadTones(SourceFile& file) const {
     return found->second;
 }
 
-/// The walkable ground in column `x`: below floating platforms.
-int LevelPainter::GroundAt(int x) const {
-    int y = std::min(overworldBottom, levelHeight - 1);
-    while (y > 0 && terrain.IsSolid(x, y - 1)) --y;
-    return y;
-}
-
 void LevelPainter::ReadMood(SourceFile& file) {
     Mood mood{file.Number("the first column"), {}};
     do {
@@ -150,7 +143,7 @@ void LevelPainter::ReadTree(SourceFile& file) {
     const double half = file.Number("the crown's width") / 2.0;
     const Tones& leaves = ReadTones(file);
     const Tones& bark = ReadTones(file);
-    const int footY = GroundAt(x);
+    const int footY = terrain.GroundAt(x);
     const double crownHalf = std::min(half * 0.8, height * 0.42);
     const double crownY = footY - height + crownHalf;
     PaintTrunk(level, x, footY, height - static_cast<int>(crownHalf), std::max(4, height / 11), bark, x);
@@ -166,7 +159,7 @@ void LevelPainter::ReadBush(SourceFile& file) {
     const double halfWidth = file.Number("the width") / 2.0;
     const double height = file.Number("the height");
     const Tones& leaves = ReadTones(file);
-    const double centreY = GroundAt(x) - height * 0.35;
+    const double centreY = terrain.GroundAt(x) - height * 0.35;
     PaintFoliage(level, x, centreY, halfWidth, height * 0.7, leaves, x);
     if (!file.More()) return;
     const std::uint32_t fruit = ReadColour(file);
@@ -184,7 +177,7 @@ void LevelPainter::ReadGrass(SourceFile& file) {
     for (int x = from; x < to; x += 3) {
         // tufts keep together: a patch here, a gap there
         if (100.0 * Chance(x, 0, 81) > share * 2.0 * Wave(x, 37.0, 82)) continue;
-        PaintTuft(level, x, GroundAt(x), height + static_cast<int>(3.0 * Chance(x, 1, 81)) - 1, dark, light, x);
+        PaintTuft(level, x, terrain.GroundAt(x), height + static_cast<int>(3.0 * Chance(x, 1, 81)) - 1, dark, light, x);
     }
 }
 
@@ -192,7 +185,7 @@ void LevelPainter::ReadProp(SourceFile& file) {
     const std::string name = file.Word("a name");
     if (!props.HasFrame(name)) file.Fail("no such prop: " + name);
     const int x = file.Number("x");
-    const int footY = file.More() ? file.Number("y") : GroundAt(x + props.FrameWidth(name) / 2);
+    const int footY = file.More() ? file.Number("y") : terrain.GroundAt(x + props.FrameWidth(name) / 2);
     props.PaintFrame(level, name, x, footY - props.FrameHeight(name));
 }
 
@@ -217,7 +210,7 @@ void LevelPainter::ReadCave(SourceFile& file) {
 
 void LevelPainter::ReadFort(SourceFile& file) {
     const int x = file.Number("x");
-    const int footY = GroundAt(x + 20);
+    const int footY = terrain.GroundAt(x + 20);
     Picture building(levelWidth, overworldBottom);
     PaintFort(building, palette, x, footY);
     for (int y = 0; y < overworldBottom; ++y) {
@@ -238,13 +231,15 @@ void LevelPainter::PaintPits() {
         while (left > 0 && !terrain.IsSolid(left, levelHeight - 1)) --left;
         int right = x;
         while (right < levelWidth - 1 && !terrain.IsSolid(right, levelHeight - 1)) ++right;
-        const int rim = std::max(GroundAt(left), GroundAt(right));
-        for (int y = std::max(0, rim); y < levelHeight; ++y) {
-            const double depth = (y - rim) / 20.0 + 0.12 * (Wave(x, 6.0, 95) - 0.5);
-            level.At(x, y) = palette[depth > 0.85 + 0.2 * Dither(x, y, 0.5)    ? "ink0"
-                                     : depth > 0.5 + 0.16 * Dither(x, y, 0.5)  ? "under0"
-                                     : depth > 0.22 + 0.16 * Dither(x, y, 0.5) ? "ink1"
-                                                                               : "leaf0"];
+        const int rim = std::max({terrain.GroundAt(left), terrain.GroundAt(right), 192}) + 2;
+        for (int y = rim; y < levelHeight; ++y) {
+            const double depth = (y - rim) / 24.0 + 0.1 * (Wave(x, 6.0, 95) - 0.5);
+            const double dots = Dither(x, y, 0.5) ? 0.08 : 0.0;
+            if (depth + 2.0 * dots < 0.12) continue;
+            level.At(x, y) = palette[depth > 0.8 + dots    ? "ink0"
+                                     : depth > 0.5 + dots  ? "under0"
+                                     : depth > 0.26 + dots ? "ink1"
+                                                           : "leaf0"];
         }
     }
 }

@@ -46,7 +46,6 @@ public:
 private:
     std::uint32_t ReadColour(SourceFile& file) const;
     const Tones& ReadTones(SourceFile& file) const;
-    int GroundAt(int x) const;
     void ReadMood(SourceFile& file);
     void ReadRidge(SourceFile& file);
     void ReadTree(SourceFile& file);

@@ -49,9 +49,10 @@ bool Terrain::IsSolid(int x, int y) const {
     return solid[row * static_cast<std::size_t>(width) + column] != 0;
 }
 
-int Terrain::GroundBelow(int x, int fromY) const {
-    int y = fromY;
-    while (y < height && !IsSolid(x, y)) ++y;
+int Terrain::GroundAt(int x) const {
+    constexpr int overworldBottom = 224;
+    int y = overworldBottom;
+    while (y > 0 && IsSolid(x, y - 1)) --y;
     return y;
 }
 

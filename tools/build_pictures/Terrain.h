@@ -14,8 +14,9 @@ public:
 
     /// Is the pixel in column `x`, row `y` solid? Beyond the level's edges the nearest pixel answers.
     bool IsSolid(int x, int y) const;
-    /// The first row at or below `fromY` of column `x` that is solid; the level's height if there is none.
-    int GroundBelow(int x, int fromY) const;
+    /// The row of the ground under the open sky in column `x`, beneath floating platforms; the overworld's bottom in a
+    /// pit.
+    int GroundAt(int x) const;
     /// Pixels from (x, y), which must be solid, to the nearest air straight that way, 1 if it is the next one; at most
     /// `limit`.
     int DepthFrom(int x, int y, int stepX, int stepY, int limit) const;

@@ -1,3 +1,4 @@
+#include "tools/build_pictures/Actors.h"
 #include "tools/build_pictures/LevelPainter.h"
 #include "tools/build_pictures/SpriteSource.h"
 #include "tools/build_pictures/Terrain.h"
@@ -22,7 +23,8 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& resour
     const Palette palette((art / "palette.txt").string());
     const std::filesystem::path images = resources / "Images";
     std::filesystem::create_directories(images);
-    std::filesystem::create_directories(resources / "Files");
+    const std::filesystem::path files = resources / "Files";
+    std::filesystem::create_directories(files);
 
     std::map<std::string, SpriteSource> sources;
     for (const auto& entry : std::filesystem::directory_iterator(art / "sprites")) {
@@ -37,6 +39,8 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& resour
     if (!terrain.SaveOutline((images / "World1-1_Collision.svg").string())) {
         throw std::runtime_error("the outline cannot be written");
     }
+    WriteActors((art / "level" / "actors.txt").string(), terrain, (files / "Data_Pelko.txt").string(),
+                (files / "Data_Enemies.txt").string());
     LevelPainter painter(palette, terrain, sources.at("props"));
     painter.Read((art / "level" / "scene.txt").string());
     Save(images / "World1-1.png", painter.Level());

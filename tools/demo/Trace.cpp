@@ -121,7 +121,7 @@ void AppendTraceLine(std::string& line, int tick, std::span<const platform::Scri
     AppendField(line, "flagDown", Level::GetSingleton()->IsFlagDown());
     line += ",\"blocks\":";
     BlockList& blocks = *BlockList::GetSingleton();
-    AppendList(line, BlockList::size, [&](int i) {
+    AppendList(line, BlockList::blockCount, [&](int i) {
         const DOUBLE2 position = blocks.GetPosition(i);
         line += '[';
         Append(line, blocks.GetType(i));
@@ -132,7 +132,7 @@ void AppendTraceLine(std::string& line, int tick, std::span<const platform::Scri
         line += ']';
     });
     line += ",\"enemies\":";
-    AppendSlots(line, *EnemyList::GetSingleton(), EnemyList::size);
+    AppendSlots(line, *EnemyList::GetSingleton(), EnemyList::slotCount);
     line += ",\"entities\":";
     AppendSlots(line, *EntityList::GetSingleton(), EntityList::GetSingleton()->GetSize());
     line += ",\"media\":";

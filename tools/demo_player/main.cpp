@@ -4,40 +4,19 @@
 #include "tools/demo/Demo.h"
 #include "tools/demo/DemoRun.h"
 #include "tools/demo/Trace.h"
+#include "tools/demo_player/AllocationCount.h"
 
 #include <algorithm>
-#include <atomic>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <new>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-namespace {
-std::atomic<long> allocations = 0;
-}
-
-// Every allocation of the program goes through here, so that --timedemo can count those of a frame.
-void* operator new(std::size_t size) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* memoryPtr = std::malloc(size == 0 ? 1 : size)) return memoryPtr;
-    throw std::bad_alloc();
-}
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    allocations.fetch_add(1, std::memory_order_relaxed);
-    const auto boundary = static_cast<std::size_t>(alignment);
-    if (void* memoryPtr = std::aligned_alloc(boundary, (size + boundary - 1) / boundary * boundary)) return memoryPtr;
-    throw std::bad_alloc();
-}
-void operator delete(void* memoryPtr) noexcept { std::free(memoryPtr); }
-void operator delete(void* memoryPtr, std::size_t) noexcept { std::free(memoryPtr); }
-void operator delete(void* memoryPtr, std::align_val_t) noexcept { std::free(memoryPtr); }
-void operator delete(void* memoryPtr, std::size_t, std::align_val_t) noexcept { std::free(memoryPtr); }
 
 namespace {
 
@@ -144,8 +123,8 @@ public:
         if (frame > 0) milliseconds.push_back(std::chrono::duration<double, std::milli>(now - last).count());
         if (frame == 0) start = now;
         last = now;
-        if (frame == warmUpFrames) allocationsAtWarmUp = allocations;
-        allocationsAtEnd = allocations;
+        if (frame == warmUpFrames) allocationsAtWarmUp = AllocationCount();
+        allocationsAtEnd = AllocationCount();
         frames = frame + 1;
     }
 

@@ -1,0 +1,4 @@
+#pragma once
+
+/// How often operator new has been called in this program.
+long AllocationCount();

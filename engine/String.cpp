@@ -11,7 +11,12 @@
 String::String(wchar_t const* text) { Assign(text, static_cast<int>(std::wcslen(text))); }
 
 String::String(char const* text) {
-    const std::wstring wide = platform::FromUtf8(text);
+    const std::string_view utf8(text);
+    if (std::all_of(utf8.begin(), utf8.end(), [](char byte) { return static_cast<unsigned char>(byte) < 128; })) {
+        AppendAscii(utf8);
+        return;
+    }
+    const std::wstring wide = platform::FromUtf8(utf8);
     Assign(wide.c_str(), static_cast<int>(wide.size()));
 }
 
@@ -38,12 +43,12 @@ String& String::operator+=(char character) { return *this += String(character); 
 
 String& String::operator+=(int number) {
     char digits[16];
-    return AppendDigits(digits, std::to_chars(digits, std::end(digits), number).ptr);
+    return AppendAscii({digits, std::to_chars(digits, std::end(digits), number).ptr});
 }
 
 String& String::operator+=(unsigned int number) {
     char digits[16];
-    return AppendDigits(digits, std::to_chars(digits, std::end(digits), number).ptr);
+    return AppendAscii({digits, std::to_chars(digits, std::end(digits), number).ptr});
 }
 
 String& String::operator+=(double number) {
@@ -54,7 +59,7 @@ String& String::operator+=(double number) {
                             ? std::to_chars(digits, std::end(digits), number, std::chars_format::general, streamDigits)
                             : std::to_chars(digits, std::end(digits), number, std::chars_format::fixed,
                                             std::min(precision, mostDecimals));
-    return AppendDigits(digits, result.ptr);
+    return AppendAscii({digits, result.ptr});
 }
 
 bool String::operator==(String const& other) const {
@@ -132,11 +137,11 @@ String& String::Append(wchar_t const* text, int length) {
     return *this;
 }
 
-String& String::AppendDigits(char const* begin, char const* end) {
-    const int count = static_cast<int>(end - begin);
-    Reserve(GetLength() + count);
-    std::copy(begin, end, textPtr + GetLength());
-    bufferLength += count;
+String& String::AppendAscii(std::string_view text) {
+    const int length = static_cast<int>(text.size());
+    Reserve(GetLength() + length);
+    std::copy(text.begin(), text.end(), textPtr + GetLength());
+    bufferLength += length;
     textPtr[GetLength()] = L'\0';
     return *this;
 }

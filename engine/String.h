@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 /// The engine's own text: file names, titles, messages and numbers cross its interface as a String.
 /// Short texts (up to 63 characters) are kept inside the object, so that the ones made in a frame cost no allocation.
@@ -71,8 +72,7 @@ private:
 
     void Assign(wchar_t const* text, int length);
     String& Append(wchar_t const* text, int length);
-    /// Appends plain ASCII.
-    String& AppendDigits(char const* begin, char const* end);
+    String& AppendAscii(std::string_view text);
     /// Makes room for `length` characters and the terminator; the text stays.
     void Reserve(int length);
 

@@ -311,10 +311,11 @@ private:
 
 std::unique_ptr<ID2D1HwndRenderTarget> CreateCanvas(HWND window, int width, int height, D2D1_PRESENT_OPTIONS present) {
     if (width <= 0 || height <= 0 || width > maxSide || height > maxSide) return nullptr;
-    FrameMemory frame = MakeFrameMemory(width, height);
-    if (!frame.pixels) return nullptr;
-    auto canvasPtr = std::make_unique<Canvas>(window, std::move(frame), present != D2D1_PRESENT_OPTIONS_IMMEDIATELY);
-    return canvasPtr->IsReady() ? std::move(canvasPtr) : nullptr;
+    try {
+        auto canvasPtr = std::make_unique<Canvas>(window, MakeFrameMemory(width, height),
+                                                  present != D2D1_PRESENT_OPTIONS_IMMEDIATELY);
+        return canvasPtr->IsReady() ? std::move(canvasPtr) : nullptr;
+    } catch (const std::bad_alloc&) { return nullptr; }
 }
 
 } // namespace platform

@@ -5,21 +5,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <iterator>
+#include <numeric>
 
 namespace platform {
 
 namespace {
 
-constexpr int bandBytes = 128 * 1024; // half of a small processor's second-level cache
+constexpr int bandBytes = 32 * 1024; // a first-level cache
 
 bool Contains(const RECT& outer, const RECT& inner) {
     return outer.left <= inner.left && outer.top <= inner.top && outer.right >= inner.right &&
            outer.bottom >= inner.bottom;
-}
-
-void CopyPixels(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr) {
-    std::memcpy(targetPtr, sourcePtr, static_cast<std::size_t>(count) * sizeof(std::uint32_t));
 }
 
 /// The two picture pixels on either side of a point, and how far the point is, in 1/256, from the first to the second.
@@ -52,7 +49,15 @@ std::uint32_t LinearPixel(const SpriteBitmap& bitmap, const Placement& placement
 
 Compositor::Compositor(const FrameMemory& target)
     : frame(target), bandHeight(std::max(1, bandBytes / (target.stride * static_cast<int>(sizeof(std::uint32_t))))),
-      line(static_cast<std::size_t>(target.width)) {}
+      band(static_cast<std::size_t>(bandHeight * target.stride) / std::size(CacheLine().pixels)),
+      line(static_cast<std::size_t>(target.width)) {
+    // more than a busy frame of the usual size asks for, so that not even the first of its kind has to grow the lists
+    commands.reserve(512);
+    placements.reserve(64);
+    lookups.reserve(16 * 1024);
+    bandCommands.reserve(16 * 1024);
+    bandBegins.reserve(static_cast<std::size_t>(frame.height / bandHeight) + 2);
+}
 
 void Compositor::Clear(std::uint32_t pixel) {
     Command command;
@@ -91,42 +96,82 @@ void Compositor::Add(const Command& command) {
 }
 
 void Compositor::Compose() {
-    for (int top = 0; top < frame.height && !commands.empty(); top += bandHeight) {
-        const int bottom = std::min(top + bandHeight, frame.height);
-        for (std::size_t index = FirstVisible(top, bottom); index < commands.size(); ++index) {
-            const Command& command = commands[index];
-            const int from = std::max(top, command.bounds.top);
-            const int to = std::min(bottom, command.bounds.bottom);
-            if (from >= to) continue;
-            switch (command.action) {
-            case Action::clear: ClearBand(index, from, to); break;
-            case Action::paintCells: PaintCells(command, from, to); break;
-            case Action::paintAnyhow: PaintAnyhow(command, from, to); break;
-            }
-        }
-    }
+    if (commands.empty()) return;
+    SortIntoBands();
+    const int bands = static_cast<int>(bandBegins.size()) - 1;
+    for (int bandIndex = 0; bandIndex < bands; ++bandIndex) ComposeBand(bandIndex);
+    FinishStreaming();
     commands.clear();
     lookups.clear();
     placements.clear();
 }
 
-/// The last command that hides the whole band: what comes before it need not be painted there.
-std::size_t Compositor::FirstVisible(int top, int bottom) const {
-    const RECT band = {0, top, frame.width, bottom};
-    for (std::size_t index = commands.size(); index-- > 0;) {
-        if (commands[index].hidesAll && Contains(commands[index].bounds, band)) return index;
+void Compositor::SortIntoBands() {
+    const auto bands = static_cast<std::size_t>((frame.height + bandHeight - 1) / bandHeight);
+    const auto firstBand = [&](const Command& command) {
+        return static_cast<std::size_t>(command.bounds.top / bandHeight);
+    };
+    const auto lastBand = [&](const Command& command) {
+        return static_cast<std::size_t>((command.bounds.bottom - 1) / bandHeight);
+    };
+    // count, add up, then fill from the back: each band's commands keep their order
+    bandBegins.assign(bands + 1, 0);
+    for (const Command& command : commands) {
+        for (std::size_t index = firstBand(command); index <= lastBand(command); ++index) ++bandBegins[index];
     }
-    return 0;
+    std::partial_sum(bandBegins.begin(), bandBegins.end(), bandBegins.begin());
+    bandCommands.resize(bandBegins.back());
+    for (std::size_t number = commands.size(); number-- > 0;) {
+        const Command& command = commands[number];
+        for (std::size_t index = firstBand(command); index <= lastBand(command); ++index) {
+            bandCommands[--bandBegins[index]] = static_cast<std::uint32_t>(number);
+        }
+    }
 }
 
-void Compositor::ClearBand(std::size_t index, int top, int bottom) {
+void Compositor::ComposeBand(int bandIndex) {
+    const std::size_t begin = bandBegins[static_cast<std::size_t>(bandIndex)];
+    const std::size_t end = bandBegins[static_cast<std::size_t>(bandIndex) + 1];
+    if (begin == end) return;
+    const int top = bandIndex * bandHeight;
+    const int bottom = std::min(top + bandHeight, frame.height);
+    const std::size_t first = FirstVisible(begin, end, top, bottom);
+    // Where the frame's old pixels show through they are painted over in place.
+    const bool startsAnew = first != end;
+    targetTop = top;
+    targetPtr = startsAnew ? band.data()->pixels : frame.Row(top);
+    for (std::size_t index = startsAnew ? first : begin; index < end; ++index) {
+        const Command& command = commands[bandCommands[index]];
+        const int from = std::max(top, command.bounds.top);
+        const int to = std::min(bottom, command.bounds.bottom);
+        switch (command.action) {
+        case Action::clear: ClearRows(bandCommands[index], from, to); break;
+        case Action::paintCells: PaintCells(command, from, to); break;
+        case Action::paintAnyhow: PaintAnyhow(command, from, to); break;
+        }
+    }
+    if (startsAnew) StreamPixels(targetPtr, (bottom - top) * frame.stride, frame.Row(top));
+}
+
+/// The last of the band's commands that hides all of it, so that what comes before need not be painted; `end` if none
+/// does.
+std::size_t Compositor::FirstVisible(std::size_t begin, std::size_t end, int top, int bottom) const {
+    const RECT rows = {0, top, frame.width, bottom};
+    for (std::size_t index = end; index-- > begin;) {
+        const Command& command = commands[bandCommands[index]];
+        if (command.hidesAll && Contains(command.bounds, rows)) return index;
+    }
+    return end;
+}
+
+void Compositor::ClearRows(std::size_t index, int top, int bottom) {
     const std::uint32_t pixel = commands[index].pixel;
     // The background that comes next usually hides nearly all of it.
     const auto hiding = std::find_if(commands.begin() + static_cast<std::ptrdiff_t>(index) + 1, commands.end(),
                                      [](const Command& command) { return command.hidesAll; });
     const RECT hidden = hiding != commands.end() ? hiding->bounds : RECT{};
     for (int y = top; y < bottom; ++y) {
-        std::uint32_t* rowPtr = frame.Row(y);
+        std::uint32_t* rowPtr = Row(y);
         if (y < hidden.top || y >= hidden.bottom) {
             std::fill_n(rowPtr, frame.width, pixel);
         } else {
@@ -136,27 +181,30 @@ void Compositor::ClearBand(std::size_t index, int top, int bottom) {
     }
 }
 
+/// Paints the frame rows `top` to `bottom`, those that show the same picture row together.
 void Compositor::PaintCells(const Command& command, int top, int bottom) {
     for (int y = top; y < bottom;) {
         const int pictureRow = command.rows.PixelAt(y, lookups);
         int end = y + 1;
-        while (end < bottom && command.rows.PixelAt(end, lookups) == pictureRow) ++end;
-        if (command.columns.scale == 0) {
-            PaintRowByLookup(command, pictureRow, y, end - y);
+        if (command.rows.scale != 0) {
+            end = std::min(bottom, y + command.rows.scale - (y - command.rows.firstBegin) % command.rows.scale);
         } else {
-            PaintRow(command, pictureRow, y, end - y);
+            while (end < bottom && command.rows.PixelAt(end, lookups) == pictureRow) ++end;
+        }
+        if (command.columns.scale != 0) {
+            PaintPictureRow(command, pictureRow, y, end - y);
+        } else {
+            PaintByLookup(command, pictureRow, y, end - y);
         }
         y = end;
     }
 }
 
 /// Paints one picture row into `count` frame rows from `y`.
-void Compositor::PaintRow(const Command& command, int pictureRow, int y, int count) {
-    const AxisSteps& columns = command.columns;
+void Compositor::PaintPictureRow(const Command& command, int pictureRow, int y, int count) {
     const std::uint32_t* rowPtr = command.bitmapPtr->Row(pictureRow);
-    const int last = columns.PixelAt(columns.end - 1, lookups);
-    const int from = std::min(columns.first, last);
-    const int to = std::max(columns.first, last) + 1;
+    const int from = std::min(command.columns.first, command.columns.last);
+    const int to = std::max(command.columns.first, command.columns.last) + 1;
     if (command.bitmapPtr->IsOpaque()) {
         PaintStretch(command, rowPtr, from, to - from, true, y, count);
         return;
@@ -171,36 +219,23 @@ void Compositor::PaintStretch(const Command& command, const std::uint32_t* rowPt
     const AxisSteps& columns = command.columns;
     const int scale = columns.scale;
     const int step = columns.direction;
-    // from here on in screen order: the picture pixel that stands leftmost, and where it begins
-    const std::uint32_t* sourcePtr = rowPtr + (step > 0 ? column : column + columnCount - 1);
-    const int begin = columns.firstBegin + (sourcePtr - rowPtr - columns.first) * step * scale;
+    // In screen order: the picture pixel that stands leftmost and where it begins, then what the frame cuts off.
+    const int leftmost = step > 0 ? column : column + columnCount - 1;
+    const int begin = columns.firstBegin + (leftmost - columns.first) * step * scale;
     const int end = begin + columnCount * scale;
     const int left = std::max(begin, columns.begin);
     const int right = std::min(end, columns.end);
-    const bool blends = !isOpaque || command.opacity != 255;
-    std::uint32_t* targetPtr = blends ? line.data() : frame.Row(y) + left;
-
-    // The frame may cut the first and the last picture pixel.
-    int position = left;
-    if (left > begin) {
-        position = std::min(begin + scale, right);
-        std::fill_n(targetPtr, position - left, *sourcePtr);
-        sourcePtr += step;
-    }
-    const int whole = (right - position) / scale;
-    ExpandPixels(sourcePtr, whole, step, scale, targetPtr + (position - left));
-    position += whole * scale;
-    if (position < right) std::fill_n(targetPtr + (position - left), right - position, sourcePtr[whole * step]);
-
-    if (!blends) {
-        for (int row = 1; row < count; ++row) CopyPixels(targetPtr, right - left, frame.Row(y + row) + left);
+    const PixelRun run = {rowPtr + leftmost, columnCount, step, scale, left - begin, end - right};
+    if (isOpaque && command.opacity == 255) {
+        PaintRun(run, Row(y) + left, frame.stride, count);
         return;
     }
+    PaintRun(run, line.data(), 0, 1);
     if (command.opacity != 255) ScalePixels(line.data(), right - left, command.opacity);
-    for (int row = 0; row < count; ++row) BlendPixels(line.data(), right - left, frame.Row(y + row) + left);
+    for (int row = 0; row < count; ++row) BlendPixels(line.data(), right - left, Row(y + row) + left);
 }
 
-void Compositor::PaintRowByLookup(const Command& command, int pictureRow, int y, int count) {
+void Compositor::PaintByLookup(const Command& command, int pictureRow, int y, int count) {
     const std::uint32_t* rowPtr = command.bitmapPtr->Row(pictureRow);
     const int* lookupPtr = lookups.data() + command.columns.lookup;
     const int begin = command.columns.begin;
@@ -209,9 +244,9 @@ void Compositor::PaintRowByLookup(const Command& command, int pictureRow, int y,
     if (command.opacity != 255) ScalePixels(line.data(), width, command.opacity);
     for (int row = 0; row < count; ++row) {
         if (command.hidesAll) {
-            CopyPixels(line.data(), width, frame.Row(y + row) + begin);
+            CopyPixels(line.data(), width, Row(y + row) + begin);
         } else {
-            BlendPixels(line.data(), width, frame.Row(y + row) + begin);
+            BlendPixels(line.data(), width, Row(y + row) + begin);
         }
     }
 }
@@ -222,7 +257,7 @@ void Compositor::PaintAnyhow(const Command& command, int top, int bottom) {
     const SpriteBitmap& bitmap = *command.bitmapPtr;
     const POINT size = bitmap.GetPixelSize();
     for (int y = top; y < bottom; ++y) {
-        std::uint32_t* targetPtr = frame.Row(y);
+        std::uint32_t* rowPtr = Row(y);
         for (int x = command.bounds.left; x < command.bounds.right; ++x) {
             const double column = placement.ColumnOffset(x + 0.5, y + 0.5);
             const double row = placement.RowOffset(x + 0.5, y + 0.5);
@@ -233,7 +268,7 @@ void Compositor::PaintAnyhow(const Command& command, int top, int bottom) {
             const std::uint32_t pixel =
                 command.linear ? LinearPixel(bitmap, placement, column, row)
                                : bitmap.GetPicture().At(static_cast<int>(pictureX), static_cast<int>(pictureY));
-            targetPtr[x] = Over(ScaledPixel(pixel, command.opacity), targetPtr[x]);
+            rowPtr[x] = Over(ScaledPixel(pixel, command.opacity), rowPtr[x]);
         }
     }
 }

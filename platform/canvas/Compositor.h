@@ -15,7 +15,7 @@ namespace platform {
 /// the size of a frame.
 class Compositor {
 public:
-    /// Borrows the frame.
+    /// Borrows the frame. Throws std::bad_alloc if memory runs out.
     explicit Compositor(const FrameMemory& frame);
 
     /// Fills the frame with a premultiplied pixel, whatever its alpha.
@@ -30,6 +30,9 @@ public:
     void UseGeneralPathOnly() { generalPathOnly = true; }
 
 private:
+    struct alignas(64) CacheLine {
+        std::uint32_t pixels[16] = {};
+    };
     enum class Action { clear, paintCells, paintAnyhow };
     struct Command {
         Action action = Action::clear;
@@ -45,22 +48,31 @@ private:
     };
 
     void Add(const Command& command);
-    std::size_t FirstVisible(int top, int bottom) const;
-    void ClearBand(std::size_t index, int top, int bottom);
+    void SortIntoBands();
+    void ComposeBand(int bandIndex);
+    std::size_t FirstVisible(std::size_t begin, std::size_t end, int top, int bottom) const;
+    void ClearRows(std::size_t index, int top, int bottom);
     void PaintCells(const Command& command, int top, int bottom);
-    void PaintRow(const Command& command, int pictureRow, int y, int count);
-    void PaintRowByLookup(const Command& command, int pictureRow, int y, int count);
+    void PaintPictureRow(const Command& command, int pictureRow, int y, int count);
     void PaintStretch(const Command& command, const std::uint32_t* rowPtr, int column, int columnCount, bool isOpaque,
                       int y, int count);
+    void PaintByLookup(const Command& command, int pictureRow, int y, int count);
     void PaintAnyhow(const Command& command, int top, int bottom);
+    /// Where row `y` of the frame is painted now: in the frame itself or in the band.
+    std::uint32_t* Row(int y) const { return targetPtr + static_cast<std::ptrdiff_t>(y - targetTop) * frame.stride; }
 
     const FrameMemory& frame;
     int bandHeight;
+    std::vector<CacheLine> band;
+    std::uint32_t* targetPtr = nullptr;
+    int targetTop = 0;
     bool generalPathOnly = false;
     std::vector<Command> commands;
     std::vector<int> lookups;
     std::vector<Placement> placements;
-    std::vector<std::uint32_t> line; // one row of the frame, expanded from picture pixels
+    std::vector<std::uint32_t> bandBegins;   // band -> its first entry in `bandCommands`
+    std::vector<std::uint32_t> bandCommands; // the commands of each band, in order
+    std::vector<std::uint32_t> line;         // one row of the frame, expanded from picture pixels
 };
 
 } // namespace platform

@@ -29,8 +29,7 @@ FrameMemory MakeFrameMemory(int width, int height) {
     frame.stride = (width + pixelsPerLine - 1) / pixelsPerLine * pixelsPerLine;
     const std::size_t size =
         static_cast<std::size_t>(frame.stride) * static_cast<std::size_t>(height) * sizeof(std::uint32_t);
-    void* memoryPtr = ::operator new (size, std::align_val_t{largePage}, std::nothrow);
-    if (memoryPtr == nullptr) return frame;
+    void* memoryPtr = ::operator new (size, std::align_val_t{largePage});
 #if defined(__linux__)
     // advice only: without large pages the frame is just as right. A whole frame is then one or two page faults, and
     // few address look-ups.

@@ -19,7 +19,7 @@ struct FrameMemory {
     std::uint32_t* Row(int y) const { return pixels.get() + static_cast<std::ptrdiff_t>(y) * stride; }
 };
 
-/// Transparent pixels, in large memory pages where the system has them. No pixels if memory runs out.
+/// Transparent pixels, in large memory pages where the system has them. Throws std::bad_alloc if memory runs out.
 FrameMemory MakeFrameMemory(int width, int height);
 
 } // namespace platform

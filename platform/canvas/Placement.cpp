@@ -41,6 +41,7 @@ AxisSteps MakeSteps(const PictureAxis& axis, const OffsetAt& offsetAt, double or
     while (steps.begin < steps.end && !isShown(steps.end - 1)) --steps.end;
     if (steps.IsEmpty()) return steps;
     steps.first = pixelAt(steps.begin);
+    steps.last = pixelAt(steps.end - 1);
 
     // With a whole scale every picture pixel is as wide as the others, unless an edge comes so close to a pixel centre
     // that rounding decides: then, as with any other scale, each frame pixel is asked for.

@@ -65,6 +65,7 @@ struct AxisSteps {
     int end = 0;
     int scale = 0;          // frame pixels per picture pixel when that is the same for all, else 0
     int direction = 1;      // -1: mirrored
+    int last = 0;           // the one shown at `end` - 1
     int first = 0;          // the picture pixel shown at `begin`
     int firstBegin = 0;     // where it would begin if the frame did not cut it; only with a scale
     std::size_t lookup = 0; // without a scale: its entries in the table begin here, one for each covered frame pixel

@@ -46,40 +46,106 @@ __m128i OverPixels(__m128i source, __m128i destination) {
         source, ScaledPixels(destination, _mm_unpacklo_epi32(inverse, inverse), _mm_unpackhi_epi32(inverse, inverse)));
 }
 
-/// Four times each: a picture pixel is one wide store.
-template <int step>
-void ExpandByFour(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr) {
+/// A picture pixel that is four wide is one wide store in each row.
+template <int step, int rows>
+void PaintFourWide(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr, int stride) {
     for (; count > 0; --count, sourcePtr += step, targetPtr += 4) {
-        Store(targetPtr, _mm_set1_epi32(static_cast<int>(*sourcePtr)));
+        const __m128i pixels = _mm_set1_epi32(static_cast<int>(*sourcePtr));
+        for (int row = 0; row < rows; ++row) Store(targetPtr + row * stride, pixels);
     }
 }
 
-/// Three times each: a wide store whose fourth pixel the next one overwrites, so the last is written narrowly.
-template <int step>
-void ExpandByThree(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr) {
+/// Three wide: the next picture pixel overwrites the fourth, and the last one is stored in two pieces.
+template <int step, int rows>
+void PaintThreeWide(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr, int stride) {
     for (; count > 1; --count, sourcePtr += step, targetPtr += 3) {
-        Store(targetPtr, _mm_set1_epi32(static_cast<int>(*sourcePtr)));
+        const __m128i pixels = _mm_set1_epi32(static_cast<int>(*sourcePtr));
+        for (int row = 0; row < rows; ++row) Store(targetPtr + row * stride, pixels);
     }
-    if (count > 0) std::fill_n(targetPtr, 3, *sourcePtr);
+    for (int row = 0; count > 0 && row < rows; ++row) std::fill_n(targetPtr + row * stride, 3, *sourcePtr);
+}
+
+using PaintWide = void (*)(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr, int stride);
+
+template <int step>
+PaintWide ChooseWide(int scale, int rows) {
+    static constexpr PaintWide fourWide[] = {PaintFourWide<step, 1>, PaintFourWide<step, 2>, PaintFourWide<step, 3>,
+                                             PaintFourWide<step, 4>};
+    static constexpr PaintWide threeWide[] = {PaintThreeWide<step, 1>, PaintThreeWide<step, 2>,
+                                              PaintThreeWide<step, 3>};
+    if (scale == 4) return fourWide[rows - 1];
+    return scale == 3 ? threeWide[rows - 1] : nullptr;
 }
 
 #endif
+
+/// Each of the run's picture pixels in full, in one row.
+void ExpandPixels(const std::uint32_t* sourcePtr, int count, int step, int scale, std::uint32_t* targetPtr) {
+    if (scale == 1 && step == 1) return CopyPixels(sourcePtr, count, targetPtr);
+#if PLATFORM_SSE2
+    if (const PaintWide paint = step > 0 ? ChooseWide<1>(scale, 1) : ChooseWide<-1>(scale, 1)) {
+        return paint(sourcePtr, count, targetPtr, 0);
+    }
+#endif
+    for (; count > 0; --count, sourcePtr += step) targetPtr = std::fill_n(targetPtr, scale, *sourcePtr);
+}
 
 } // namespace
 
-void ExpandPixels(const std::uint32_t* sourcePtr, int count, int step, int scale, std::uint32_t* targetPtr) {
-    if (scale == 1 && step == 1) {
-        std::memcpy(targetPtr, sourcePtr, static_cast<std::size_t>(count) * sizeof(std::uint32_t));
-        return;
-    }
+void PaintRun(PixelRun run, std::uint32_t* targetPtr, int stride, int rows) {
+    const int width = run.count * run.scale - run.cutLeft - run.cutRight;
+    if (run.cutLeft == 0 && run.cutRight == 0) {
 #if PLATFORM_SSE2
-    if (scale == 4)
-        return step > 0 ? ExpandByFour<1>(sourcePtr, count, targetPtr) : ExpandByFour<-1>(sourcePtr, count, targetPtr);
-    if (scale == 3)
-        return step > 0 ? ExpandByThree<1>(sourcePtr, count, targetPtr)
-                        : ExpandByThree<-1>(sourcePtr, count, targetPtr);
+        // Short runs, as sprites have them, go into all rows at once; a long row is quicker expanded once and copied.
+        constexpr int shortRun = 32;
+        if (run.count < shortRun && rows <= run.scale) {
+            if (const PaintWide paint =
+                    run.step > 0 ? ChooseWide<1>(run.scale, rows) : ChooseWide<-1>(run.scale, rows)) {
+                return paint(run.sourcePtr, run.count, targetPtr, stride);
+            }
+        }
 #endif
-    for (; count > 0; --count, sourcePtr += step) targetPtr = std::fill_n(targetPtr, scale, *sourcePtr);
+        ExpandPixels(run.sourcePtr, run.count, run.step, run.scale, targetPtr);
+    } else {
+        // cut pixels narrowly, the whole ones between them as ever
+        std::uint32_t* nextPtr = targetPtr;
+        if (run.cutLeft > 0) {
+            nextPtr = std::fill_n(nextPtr, std::min(run.scale - run.cutLeft, width), *run.sourcePtr);
+            run.sourcePtr += run.step;
+            --run.count;
+        }
+        const int whole = run.cutRight > 0 ? run.count - 1 : run.count;
+        if (whole > 0) {
+            ExpandPixels(run.sourcePtr, whole, run.step, run.scale, nextPtr);
+            nextPtr += whole * run.scale;
+        }
+        if (run.cutRight > 0 && run.count > 0) {
+            std::fill(nextPtr, targetPtr + width, run.sourcePtr[whole * run.step]);
+        }
+    }
+    for (int row = 1; row < rows; ++row) CopyPixels(targetPtr, width, targetPtr + row * stride);
+}
+
+void CopyPixels(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr) {
+    std::memcpy(targetPtr, sourcePtr, static_cast<std::size_t>(count) * sizeof(std::uint32_t));
+}
+
+void StreamPixels(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr) {
+#if PLATFORM_SSE2
+    for (; count > 0; count -= 16, sourcePtr += 16, targetPtr += 16) {
+        for (int offset = 0; offset < 16; offset += 4) {
+            _mm_stream_si128(reinterpret_cast<__m128i*>(targetPtr + offset), Load(sourcePtr + offset));
+        }
+    }
+#else
+    CopyPixels(sourcePtr, count, targetPtr);
+#endif
+}
+
+void FinishStreaming() {
+#if PLATFORM_SSE2
+    _mm_sfence();
+#endif
 }
 
 void ScalePixels(std::uint32_t* pixelsPtr, int count, std::uint32_t factor) {

@@ -6,8 +6,26 @@
 
 namespace platform {
 
-/// Writes `count` picture pixels, the next one `step` (1 or -1) further each time, `scale` times each.
-void ExpandPixels(const std::uint32_t* sourcePtr, int count, int step, int scale, std::uint32_t* targetPtr);
+/// Picture pixels as they stand on the screen from left to right, `step` (1 or -1) apart in the picture, each `scale`
+/// frame pixels wide. The first and the last may be cut.
+struct PixelRun {
+    const std::uint32_t* sourcePtr = nullptr;
+    int count = 0;
+    int step = 1;
+    int scale = 1;
+    int cutLeft = 0; // frame pixels, less than `scale` if there is only one picture pixel
+    int cutRight = 0;
+};
+
+/// Paints the run into `rows` rows, which lie `stride` pixels apart.
+void PaintRun(PixelRun run, std::uint32_t* targetPtr, int stride, int rows);
+
+void CopyPixels(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr);
+
+/// Copies to memory that is not read soon, past the caches; both begin at a multiple of 64 bytes, and `count` is a
+/// multiple of 16. The pixels have arrived after FinishStreaming.
+void StreamPixels(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr);
+void FinishStreaming();
 
 /// Multiplies all channels by `factor` / 255.
 void ScalePixels(std::uint32_t* pixelsPtr, int count, std::uint32_t factor);

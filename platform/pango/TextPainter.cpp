@@ -65,7 +65,7 @@ using GlibPtr = std::unique_ptr<Object, Releaser<&g_object_unref>>;
 /// The texts that were drawn last, laid out; the most recent one stands first.
 class TextPainter::Layouts {
 public:
-    Layouts() : contextPtr(pango_font_map_create_context(pango_cairo_font_map_get_default())) {
+    Layouts() : fontsPtr(pango_cairo_font_map_new()), contextPtr(pango_font_map_create_context(fontsPtr.get())) {
         // Sizes that do not depend on the scale the text is drawn at, and the same smoothing on every screen.
         const std::unique_ptr<cairo_font_options_t, Releaser<&cairo_font_options_destroy>> optionsPtr(
             cairo_font_options_create());
@@ -122,6 +122,7 @@ private:
         return {std::wstring(text), format.family, format.size, width, std::move(layoutPtr)};
     }
 
+    GlibPtr<PangoFontMap> fontsPtr;
     GlibPtr<PangoContext> contextPtr;
     std::vector<Kept> kept;
 };

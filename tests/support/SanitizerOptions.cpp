@@ -1,0 +1,14 @@
+// What the sanitizers cannot know about the font library, which is not built with them.
+
+extern "C" {
+
+const char* __lsan_default_suppressions();
+const char* __tsan_default_suppressions();
+
+// What it reads from the system's configuration it keeps for the life of the program, behind pointers that are not
+// recognised as such: the same few bytes however many texts are drawn.
+const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+
+// It reads that configuration in a thread of its own, and hands it over with locks that are not seen.
+const char* __tsan_default_suppressions() { return "race:libfontconfig\nrace:libpango"; }
+}

@@ -1,78 +1,71 @@
 #include "engine/BoxIndex.h"
 
-#include <algorithm>
+#include <cmath>
 #include <limits>
 #include <numeric>
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr RECT2 nothing{infinity, infinity, -infinity, -infinity};
-
-RECT2 Around(const RECT2& a, const RECT2& b) {
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
-}
-
-/// Brings boxes that lie together together: splits the list at its middle along the longer side of what it covers, and
-/// again each half, until a part fills one leaf.
-void SortByPlace(std::span<std::uint32_t> places, std::span<const RECT2> boxes, std::size_t leafSize) {
-    if (places.size() <= leafSize) return;
-    RECT2 centres = nothing; // twice the centres: the order is the same
-    for (const std::uint32_t place : places) {
-        const RECT2& box = boxes[place];
-        const double x = box.left + box.right;
-        const double y = box.top + box.bottom;
-        centres = Around(centres, {x, y, x, y});
-    }
-    const bool isWide = centres.right - centres.left > centres.bottom - centres.top;
-    const auto centre = [&](std::uint32_t place) {
-        return isWide ? boxes[place].left + boxes[place].right : boxes[place].top + boxes[place].bottom;
-    };
-    const std::size_t leaves = (places.size() + leafSize - 1) / leafSize;
-    const std::size_t middle = leaves / 2 * leafSize; // whole leaves on the left
-    std::nth_element(places.begin(), places.begin() + static_cast<std::ptrdiff_t>(middle), places.end(),
-                     [&](std::uint32_t a, std::uint32_t b) { return centre(a) < centre(b); });
-    SortByPlace(places.first(middle), boxes, leafSize);
-    SortByPlace(places.subspan(middle), boxes, leafSize);
+std::uint32_t BlocksFor(std::uint32_t boxes, std::size_t blockSize) {
+    return static_cast<std::uint32_t>((boxes + blockSize - 1) / blockSize);
 }
 
 } // namespace
 
-BoxIndex::BoxIndex(std::span<const RECT2> boxes) : places(boxes.size()) {
-    std::iota(places.begin(), places.end(), 0U);
-    SortByPlace(places, boxes, nodeSize);
-
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        if (i % nodeSize == 0) nodes.emplace_back().firstChild = i;
-        nodes.back().Set(i % nodeSize, boxes[places[i]]);
+BoxIndex::BoxIndex(std::span<const RECT2> boxes) : boxCount(boxes.size()) {
+    if (boxes.empty()) return;
+    RECT2 around = boxes.front();
+    for (const RECT2& box : boxes) {
+        around = {std::min(around.left, box.left), std::min(around.top, box.top), std::max(around.right, box.right),
+                  std::max(around.bottom, box.bottom)};
     }
-    leafCount = nodes.size();
+    const Box area(around);
 
-    std::size_t levelBegin = 0;
-    for (std::size_t levelEnd = nodes.size(); levelEnd - levelBegin > 1; levelEnd = nodes.size()) {
-        for (std::size_t child = levelBegin; child < levelEnd; ++child) {
-            const std::size_t slot = (child - levelBegin) % nodeSize;
-            if (slot == 0) nodes.emplace_back().firstChild = child;
-            nodes.back().Set(slot, nodes[child].Bounds());
-        }
-        levelBegin = levelEnd;
+    // Cells that the boxes could share evenly, or larger ones where large boxes reach into many.
+    constexpr float boxesPerCell = 1.0F;
+    constexpr std::size_t mostCellsPerBox = 8;
+    const auto cells = static_cast<float>(boxCount) / boxesPerCell;
+    const float width = area.right - area.left;
+    const float height = area.bottom - area.top;
+    float cellSize = std::max(std::sqrt(width / cells) * std::sqrt(height), std::max(width, height) / cells);
+    const auto countEntries = [&] {
+        return std::accumulate(boxes.begin(), boxes.end(), std::size_t{0},
+                               [&](std::size_t sum, const RECT2& box) { return sum + CellsOf(Box(box)).Count(); });
+    };
+    for (Lay(area, cellSize); countEntries() > mostCellsPerBox * boxCount; Lay(area, cellSize)) cellSize *= 2.0F;
+
+    const std::size_t cellCount = std::size_t{columns} * rows;
+    std::vector<std::uint32_t> counts(cellCount, 0);
+    for (const RECT2& box : boxes) ForEachCell(CellsOf(Box(box)), [&](std::size_t cell) { ++counts[cell]; });
+    cellBegins.assign(cellCount + 1, 0);
+    for (std::size_t cell = 0; cell < cellCount; ++cell)
+        cellBegins[cell + 1] = cellBegins[cell] + BlocksFor(counts[cell], Block::size);
+    blocks.resize(cellBegins.back());
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        const Box box(boxes[i]);
+        ForEachCell(CellsOf(box), [&](std::size_t cell) {
+            const std::uint32_t place = --counts[cell];
+            blocks[cellBegins[cell] + place / Block::size].Set(place % Block::size, box, static_cast<std::uint32_t>(i));
+        });
     }
 }
 
-BoxIndex::Node::Node() {
-    for (std::size_t slot = 0; slot < nodeSize; ++slot) Set(slot, nothing);
+BoxIndex::Block::Block() {
+    for (auto* edges : {&left, &top, &right, &bottom}) edges->fill(std::numeric_limits<float>::quiet_NaN());
 }
 
-void BoxIndex::Node::Set(std::size_t slot, const RECT2& box) {
+void BoxIndex::Block::Set(std::size_t slot, const Box& box, std::uint32_t number) {
     left[slot] = box.left;
     top[slot] = box.top;
     right[slot] = box.right;
     bottom[slot] = box.bottom;
+    numbers[slot] = number;
 }
 
-RECT2 BoxIndex::Node::Bounds() const {
-    RECT2 bounds = nothing;
-    for (std::size_t slot = 0; slot < nodeSize; ++slot)
-        bounds = Around(bounds, {left[slot], top[slot], right[slot], bottom[slot]});
-    return bounds;
+void BoxIndex::Lay(const Box& area, float cellSize) {
+    left = area.left;
+    top = area.top;
+    cellsPerUnit = cellSize > 0.0F ? 1.0F / cellSize : 0.0F;
+    columns = static_cast<std::uint32_t>((area.right - area.left) * cellsPerUnit) + 1;
+    rows = static_cast<std::uint32_t>((area.bottom - area.top) * cellsPerUnit) + 1;
 }

@@ -2,6 +2,7 @@
 
 #include "engine/RECT2.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -9,60 +10,102 @@
 #include <span>
 #include <vector>
 
-/// Finds which of many boxes touch a given one, in a time that grows with the logarithm of their number.
-/// A flat tree: boxes that lie together share a leaf, every node above holds the boxes around its children, and one
-/// pass over a node compares all of them at once.
+/// Finds which of many boxes lie near a small area, at a cost that hardly depends on how many boxes there are.
+/// A grid of square cells over all boxes; a cell holds the boxes that reach into it, eight by eight side by side, so
+/// that one pass compares eight at once. All of it is in single precision: rounding never changes the order of two
+/// numbers, so what touches still touches.
 class BoxIndex {
 public:
     BoxIndex() = default;
     /// Left <= right, top <= bottom, no number that is not finite.
     explicit BoxIndex(std::span<const RECT2> boxes);
 
-    /// Calls `visit` with the place of every box that touches `area` (edges included) in the list, in no particular
-    /// order.
+    /// Calls `visit` with the number of every box that touches `area` (edges included), perhaps more than once, and
+    /// perhaps of some that come close, in no particular order. `area` must be finite. Never costs much more than a
+    /// look at every box.
     template <class Visit>
-    void ForEachTouching(const RECT2& area, const Visit& visit) const {
-        if (!nodes.empty()) Search(nodes.size() - 1, area, visit);
+    void ForEachNear(const RECT2& area, const Visit& visit) const {
+        if (boxCount == 0) return;
+        const Box box(area);
+        const CellRange cells = CellsOf(box);
+        if (cells.Count() > boxCount) {
+            for (std::uint32_t i = 0; i < boxCount; ++i) visit(i);
+            return;
+        }
+        for (std::uint32_t row = cells.top; row <= cells.bottom; ++row) {
+            const std::size_t first = std::size_t{row} * columns; // the cells of a row follow each other
+            const Block* const end = blocks.data() + cellBegins[first + cells.right + 1];
+            for (const Block* block = blocks.data() + cellBegins[first + cells.left]; block != end; ++block)
+                for (unsigned bits = block->Touching(box); bits != 0; bits &= bits - 1)
+                    visit(block->numbers[static_cast<std::size_t>(std::countr_zero(bits))]);
+        }
     }
 
 private:
-    static constexpr std::size_t nodeSize = 8;
+    struct Box {
+        explicit Box(const RECT2& rect)
+            : left(static_cast<float>(rect.left)), top(static_cast<float>(rect.top)),
+              right(static_cast<float>(rect.right)), bottom(static_cast<float>(rect.bottom)) {}
+        float left;
+        float top;
+        float right;
+        float bottom;
+    };
 
-    /// The boxes of up to eight children, side by side; those not used touch nothing.
-    struct Node {
-        Node();
-        void Set(std::size_t slot, const RECT2& box);
-        RECT2 Bounds() const;
-        /// One bit for each child.
-        unsigned Touching(const RECT2& area) const {
+    /// Eight boxes; the edges of those not used are no numbers and touch nothing.
+    struct Block {
+        static constexpr std::size_t size = 8;
+        Block();
+        void Set(std::size_t slot, const Box& box, std::uint32_t number);
+        /// One bit for each box.
+        unsigned Touching(const Box& box) const {
             unsigned bits = 0;
-            for (unsigned slot = 0; slot < nodeSize; ++slot) {
-                const bool touches = (left[slot] <= area.right) & (right[slot] >= area.left) &
-                                     (top[slot] <= area.bottom) & (bottom[slot] >= area.top);
+            for (unsigned slot = 0; slot < size; ++slot) {
+                const bool touches = (left[slot] <= box.right) & (right[slot] >= box.left) & (top[slot] <= box.bottom) &
+                                     (bottom[slot] >= box.top);
                 bits |= touches ? 1U << slot : 0U;
             }
             return bits;
         }
 
-        std::array<double, nodeSize> left;
-        std::array<double, nodeSize> top;
-        std::array<double, nodeSize> right;
-        std::array<double, nodeSize> bottom;
-        std::size_t firstChild = 0; ///< in `nodes`, or in `places` for a leaf
+        std::array<float, size> left;
+        std::array<float, size> top;
+        std::array<float, size> right;
+        std::array<float, size> bottom;
+        std::array<std::uint32_t, size> numbers{};
     };
 
+    /// Cells from left to right and top to bottom, both ends included.
+    struct CellRange {
+        std::uint32_t left;
+        std::uint32_t top;
+        std::uint32_t right;
+        std::uint32_t bottom;
+        std::size_t Count() const { return std::size_t{right - left + 1} * (bottom - top + 1); }
+    };
+
+    void Lay(const Box& area, float cellSize);
+    /// Beyond the grid the cells at its edge stand in.
+    std::uint32_t CellAt(float distance, std::uint32_t count) const {
+        return static_cast<std::uint32_t>(std::clamp(distance * cellsPerUnit, 0.0F, static_cast<float>(count - 1)));
+    }
+    CellRange CellsOf(const Box& box) const {
+        return {CellAt(box.left - left, columns), CellAt(box.top - top, rows), CellAt(box.right - left, columns),
+                CellAt(box.bottom - top, rows)};
+    }
     template <class Visit>
-    void Search(std::size_t node, const RECT2& area, const Visit& visit) const {
-        for (unsigned bits = nodes[node].Touching(area); bits != 0; bits &= bits - 1) {
-            const std::size_t child = nodes[node].firstChild + static_cast<std::size_t>(std::countr_zero(bits));
-            if (node < leafCount)
-                visit(std::size_t{places[child]});
-            else
-                Search(child, area, visit);
-        }
+    void ForEachCell(const CellRange& cells, const Visit& visit) const {
+        for (std::uint32_t row = cells.top; row <= cells.bottom; ++row)
+            for (std::uint32_t column = cells.left; column <= cells.right; ++column)
+                visit(std::size_t{row} * columns + column);
     }
 
-    std::vector<Node> nodes; ///< leaves first, the root last
-    std::size_t leafCount = 0;
-    std::vector<std::uint32_t> places; ///< of the leaves' boxes, in the list
+    std::size_t boxCount = 0;
+    float left = 0.0F;
+    float top = 0.0F;
+    float cellsPerUnit = 0.0F;
+    std::uint32_t columns = 1;
+    std::uint32_t rows = 1;
+    std::vector<std::uint32_t> cellBegins; ///< each cell's first block; one more at the end
+    std::vector<Block> blocks;
 };

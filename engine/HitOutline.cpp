@@ -21,6 +21,11 @@ RECT2 BoxAround(DOUBLE2 a, DOUBLE2 b) {
     return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
 }
 
+/// Edges that meet touch.
+bool Touches(const RECT2& a, const RECT2& b) {
+    return (a.left <= b.right) & (b.left <= a.right) & (a.top <= b.bottom) & (b.top <= a.bottom);
+}
+
 RECT2 Grown(const RECT2& box, double by) { return {box.left - by, box.top - by, box.right + by, box.bottom + by}; }
 
 struct Roots {
@@ -77,15 +82,14 @@ void HitOutline::BuildIndexes() {
 }
 
 int HitOutline::Raycast(DOUBLE2 start, DOUBLE2 vector, HIT hitArr[], int hitArrSize, double maxLambda, double side) {
-    const Ray ray{start, start + vector, vector, maxLambda, side};
+    const Ray ray{start, start + vector, vector, BoxAround(start, start + vector), maxLambda, side};
     if (!IsFinite(ray.start) || !IsFinite(ray.end)) return 0; // no crossing can be told of such a ray
 
     foundCount = 0;
-    const RECT2 box = BoxAround(ray.start, ray.end);
-    segmentIndex.ForEachTouching(box, [&](std::size_t segment) { CastAtSegment(ray, segment); });
+    segmentIndex.ForEachNear(ray.box, [&](std::size_t segment) { CastAtSegment(ray, segment); });
     if (!curvePoints.empty()) {
-        curveIndex.ForEachTouching(Grown(box, roundingMargin * LargestCoordinate(box)),
-                                   [&](std::size_t curve) { CastAtCurve(ray, curve); });
+        curveIndex.ForEachNear(Grown(ray.box, roundingMargin * LargestCoordinate(ray.box)),
+                               [&](std::size_t curve) { CastAtCurve(ray, curve); });
     }
 
     const auto begin = foundHits.begin();
@@ -101,6 +105,7 @@ int HitOutline::Raycast(DOUBLE2 start, DOUBLE2 vector, HIT hitArr[], int hitArrS
 void HitOutline::CastAtSegment(const Ray& ray, std::size_t segment) {
     const DOUBLE2 from = segmentPoints[2 * segment];
     const DOUBLE2 to = segmentPoints[2 * segment + 1];
+    if (!Touches(ray.box, BoxAround(from, to))) return;
     const DOUBLE2 normal = (to - from).Orthogonal();
     if (!ray.Faces(normal)) return;
     double lambda = 0.0;
@@ -138,14 +143,18 @@ void HitOutline::CastAtCurve(const Ray& ray, std::size_t curve) {
 }
 
 void HitOutline::Keep(const FoundHit& found) {
+    const auto begin = foundHits.begin();
+    const auto end = begin + static_cast<std::ptrdiff_t>(foundCount);
+    if (std::any_of(begin, end, [&](const FoundHit& other) { return other.order == found.order; })) return;
+
     const auto isEarlier = [](const FoundHit& a, const FoundHit& b) { return a.order < b.order; };
     if (foundCount < foundHits.size()) {
         foundHits[foundCount++] = found;
         // From now on a heap, with the latest in the outline on top: it goes when an earlier one comes.
-        if (foundCount == foundHits.size()) std::make_heap(foundHits.begin(), foundHits.end(), isEarlier);
+        if (foundCount == foundHits.size()) std::make_heap(begin, foundHits.end(), isEarlier);
     } else if (isEarlier(found, foundHits.front())) {
-        std::pop_heap(foundHits.begin(), foundHits.end(), isEarlier);
+        std::pop_heap(begin, end, isEarlier);
         foundHits.back() = found;
-        std::push_heap(foundHits.begin(), foundHits.end(), isEarlier);
+        std::push_heap(begin, end, isEarlier);
     }
 }

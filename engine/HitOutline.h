@@ -35,6 +35,7 @@ private:
         DOUBLE2 start;
         DOUBLE2 end;
         DOUBLE2 vector;
+        RECT2 box;
         double maxLambda;
         double side;
         bool Faces(DOUBLE2 normal) const { return side == 0.0 || normal.DotProduct(vector) * side < 0.0; }

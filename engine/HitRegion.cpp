@@ -89,11 +89,10 @@ void HitRegion::Simplify(int mode, double flatteningTolerance) {
     auto simplifiedPtr = MakePath(*D2DFactoryPtr, [&](ID2D1GeometrySink& sink) {
         return hitOutlinePtr->Record(*geometryPtr, option, flatteningTolerance, &sink);
     });
-    if (!simplifiedPtr) {
+    if (simplifiedPtr)
+        geometryPtr = std::move(simplifiedPtr);
+    else
         Show(L"Geometry::Simplify failed");
-        return;
-    }
-    geometryPtr = std::move(simplifiedPtr);
     RebuildTransformedGeometry();
 }
 
@@ -215,7 +214,6 @@ bool HitRegion::Create(std::unique_ptr<ID2D1Geometry> newGeometryPtr, const wcha
 
 void HitRegion::SetGeometry(std::unique_ptr<ID2D1Geometry> newGeometryPtr) {
     geometryPtr = std::move(newGeometryPtr);
-    RebuildTransformedGeometry();
     Simplify(2, outlineTolerance);
 }
 

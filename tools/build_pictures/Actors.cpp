@@ -1,6 +1,6 @@
 #include "tools/build_pictures/Actors.h"
 
-#include "tools/build_pictures/SourceFile.h"
+#include "tools/art/SourceFile.h"
 #include "tools/build_pictures/Terrain.h"
 
 #include <fstream>

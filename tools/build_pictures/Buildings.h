@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Picture.h"
-#include "tools/build_pictures/Palette.h"
+#include "tools/art/Palette.h"
 
 namespace pictures {
 

@@ -1,7 +1,7 @@
 #include "tools/build_pictures/Ground.h"
 
+#include "tools/art/Palette.h"
 #include "tools/build_pictures/Brush.h"
-#include "tools/build_pictures/Palette.h"
 #include "tools/build_pictures/Terrain.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "tools/build_pictures/LevelPainter.h"
 
+#include "tools/art/SourceFile.h"
 #include "tools/build_pictures/Brush.h"
 #include "tools/build_pictures/Buildings.h"
-#include "tools/build_pictures/SourceFile.h"
 #include "tools/build_pictures/SpriteSource.h"
 #include "tools/build_pictures/Terrain.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Picture.h"
+#include "tools/art/Palette.h"
 #include "tools/build_pictures/Backdrop.h"
 #include "tools/build_pictures/Ground.h"
-#include "tools/build_pictures/Palette.h"
 #include "tools/build_pictures/Plants.h"
 
 #include <map>

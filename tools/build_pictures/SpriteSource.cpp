@@ -1,6 +1,6 @@
 #include "tools/build_pictures/SpriteSource.h"
 
-#include "tools/build_pictures/SourceFile.h"
+#include "tools/art/SourceFile.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,6 +1,6 @@
 #include "tools/build_pictures/Terrain.h"
 
-#include "tools/build_pictures/Palette.h"
+#include "tools/art/Palette.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,6 +1,6 @@
-#include "tools/build_pictures/Palette.h"
+#include "tools/art/Palette.h"
 
-#include "tools/build_pictures/SourceFile.h"
+#include "tools/art/SourceFile.h"
 
 namespace pictures {
 

@@ -12,7 +12,7 @@ namespace {
 constexpr double samplePeriod = 1.0 / samplesPerSecond;
 constexpr double glideSeconds = 0.06;
 constexpr std::size_t modulationInterval = 32; // samples between looks at the slow curves: shorter than any ear notices
-constexpr double gritPerCycle = 8.0;      // new values of the held noise in one cycle of its note
+constexpr double gritPerCycle = 8.0;           // new values of the held noise in one cycle of its note
 
 /// Our own generator, so that the noise is the same with every library.
 class Noise {

@@ -60,9 +60,11 @@ void PlayCheck::Run(Findings& findings) {
     ReportPits(findings);
 }
 
-/// The hero plays alone: enemies that are killed touch nobody.
+/// The hero plays alone: enemies that fall out of the level are gone.
 void PlayCheck::Prepare() {
-    for (int i = 0; i < EnemyList::slotCount; ++i) EnemyList::GetSingleton()->Kill(i);
+    EnemyList& enemies = *EnemyList::GetSingleton();
+    for (int i = 0; i < EnemyList::slotCount; ++i) enemies.Move(i, DOUBLE2(0.0, 1000.0));
+    enemies.Tick(0.0);
     for (int i = 0; i < BlockList::blockCount; ++i) blockRestY.push_back(BlockList::GetSingleton()->GetPosition(i).y);
     bumped.assign(BlockList::blockCount, false);
     collected.assign(static_cast<std::size_t>(EntityList::GetSingleton()->GetSize()), false);
@@ -91,21 +93,20 @@ void PlayCheck::Tick() {
     BlockList::GetSingleton()->Tick(frame);
 }
 
-/// Notes what the contacts of this tick have done, and takes away what came out of a block before it changes the hero.
+/// Notes what the contacts of this tick have done, and takes away what came out of a block before it changes the
+/// hero.
 void PlayCheck::LookAround() {
     for (std::size_t i = 0; i < bumped.size(); ++i) {
         if (BlockList::GetSingleton()->GetPosition(static_cast<int>(i)).y < blockRestY[i]) bumped[i] = true;
     }
-    EntityList& entities = *EntityList::GetSingleton();
+    const EntityList& entities = *EntityList::GetSingleton();
     for (std::size_t i = 0; i < collected.size(); ++i) {
         if (!HasBox(entities.GetHitRect(static_cast<int>(i)))) collected[i] = true;
     }
-    constexpr int gone = 3;
-    for (int i = static_cast<int>(collected.size()); i < entities.GetSize(); ++i) {
-        entities.SetState(i, gone);
-        entities.Move(i, DOUBLE2(0.0, 1000.0));
+    if (entities.GetSize() > static_cast<int>(collected.size())) {
+        Singleton<EntityList>::Destroy();
+        EntityList::GetSingleton()->CreateCoins();
     }
-    if (entities.GetSize() > static_cast<int>(collected.size())) entities.Tick(0.0);
 
     const Level& level = *Level::GetSingleton();
     const Pelko& hero = *Pelko::GetSingleton();
@@ -122,7 +123,7 @@ void PlayCheck::Explore(DOUBLE2 start) {
         for (const int direction : {-1, +1}) {
             Try(place, {direction, 0, never, 9, false});
             Try(place, {direction, 0, never, 40, false});
-            for (const int jumpTick : {0, 14, 28, 45}) {
+            for (const int jumpTick : {0, 20, 45}) {
                 Try(place, {direction, 0, jumpTick, longestTry, false});
                 Try(place, {direction, 0, jumpTick, jumpTick + 18, false});
                 Try(place, {direction, 0, jumpTick, jumpTick + 18, true});

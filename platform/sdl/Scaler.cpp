@@ -39,7 +39,7 @@ void Scaler::SetSizes(POINT from, POINT to) {
     toSize = to;
     columns.Prepare(from.x, to.x);
     rows.Prepare(from.y, to.y);
-    sums.resize(static_cast<std::size_t>(from.x) * channels);
+    mixedRow.resize(static_cast<std::size_t>(from.x) * channels);
 }
 
 void Scaler::Scale(const FrameView& frame, std::uint32_t* pixels, std::ptrdiff_t stride) {
@@ -69,36 +69,48 @@ void Scaler::Enlarge(const FrameView& frame, std::uint32_t* pixels, std::ptrdiff
 
 void Scaler::Average(const FrameView& frame, std::uint32_t* pixels, std::ptrdiff_t stride) {
     for (int y = 0; y < toSize.y; ++y) {
-        // First the rows: a sum of at most 256 * 255 a channel.
-        const int firstRow = rows.first[static_cast<std::size_t>(y)];
-        for (int tap = 0; tap < rows.taps; ++tap) {
-            const std::uint16_t weight = rows.weights[static_cast<std::size_t>(y * rows.taps + tap)];
-            const auto* const source = reinterpret_cast<const std::uint8_t*>(
-                frame.pixels + static_cast<std::ptrdiff_t>(firstRow + tap) * frame.stride);
-            std::uint16_t* const sum = sums.data();
-            const int length = fromSize.x * channels;
-            if (tap == 0) {
-                for (int i = 0; i < length; ++i) sum[i] = static_cast<std::uint16_t>(source[i] * weight);
-            } else if (weight != 0) {
-                for (int i = 0; i < length; ++i) sum[i] = static_cast<std::uint16_t>(sum[i] + source[i] * weight);
-            }
+        MixRows(frame, rows.first[static_cast<std::size_t>(y)],
+                &rows.weights[static_cast<std::size_t>(y) * static_cast<std::size_t>(rows.taps)]);
+        // Enlarging takes two taps and the usual shrinking three; a count known here makes the loop twice as fast.
+        switch (columns.taps) {
+        case 2: MixColumns<2>(pixels + y * stride); break;
+        case 3: MixColumns<3>(pixels + y * stride); break;
+        default: MixColumns<0>(pixels + y * stride); break;
         }
-        // Then the columns; half of the last place rounds.
-        auto* const target = reinterpret_cast<std::uint8_t*>(pixels + y * stride);
-        for (int x = 0; x < toSize.x; ++x) {
-            const std::uint16_t* const sum =
-                &sums[static_cast<std::size_t>(columns.first[static_cast<std::size_t>(x)]) * channels];
-            const std::uint16_t* const weight = &columns.weights[static_cast<std::size_t>(x * columns.taps)];
-            std::uint32_t total[channels] = {1U << 15, 1U << 15, 1U << 15, 1U << 15};
-            for (int tap = 0; tap < columns.taps; ++tap) {
-                for (int channel = 0; channel < channels; ++channel) {
-                    total[channel] += static_cast<std::uint32_t>(sum[tap * channels + channel]) * weight[tap];
-                }
-            }
-            for (int channel = 0; channel < channels; ++channel) {
-                target[x * channels + channel] = static_cast<std::uint8_t>(total[channel] >> 16);
-            }
+    }
+}
+
+void Scaler::MixRows(const FrameView& frame, int firstRow, const std::uint16_t* weights) {
+    std::uint16_t* const mix = mixedRow.data();
+    const int length = fromSize.x * channels;
+    std::fill_n(mix, length, std::uint16_t{fullWeight / 2});
+    for (int tap = 0; tap < rows.taps; ++tap) {
+        const std::uint16_t weight = weights[tap];
+        if (weight == 0) continue;
+        const auto* const source = reinterpret_cast<const std::uint8_t*>(
+            frame.pixels + static_cast<std::ptrdiff_t>(firstRow + tap) * frame.stride);
+        for (int i = 0; i < length; ++i) mix[i] = static_cast<std::uint16_t>(mix[i] + source[i] * weight);
+    }
+    for (int i = 0; i < length; ++i) mix[i] = static_cast<std::uint16_t>(mix[i] >> 8);
+}
+
+template <int knownTaps>
+void Scaler::MixColumns(std::uint32_t* target) const {
+    // One multiplication weighs all four channels: each has 16 bits to itself, and 255 * 256 fits.
+    const int taps = knownTaps != 0 ? knownTaps : columns.taps;
+    const std::uint16_t* weight = columns.weights.data();
+    for (int x = 0; x < toSize.x; ++x, weight += taps) {
+        const std::uint16_t* const source =
+            &mixedRow[static_cast<std::size_t>(columns.first[static_cast<std::size_t>(x)]) * channels];
+        std::uint64_t mix = 0x0080'0080'0080'0080U;
+        for (int tap = 0; tap < taps; ++tap) {
+            std::uint64_t pixel = 0;
+            std::memcpy(&pixel, source + tap * channels, sizeof pixel);
+            mix += pixel * weight[tap];
         }
+        mix = (mix >> 8) & 0x00FF'00FF'00FF'00FFU;
+        mix = (mix | mix >> 8) & 0x0000'FFFF'0000'FFFFU;
+        target[x] = static_cast<std::uint32_t>(mix | mix >> 16);
     }
 }
 

@@ -27,12 +27,17 @@ private:
 
     void Enlarge(const FrameView& frame, std::uint32_t* pixels, std::ptrdiff_t stride) const;
     void Average(const FrameView& frame, std::uint32_t* pixels, std::ptrdiff_t stride);
+    /// Mixes the frame's rows from `firstRow` on into one.
+    void MixRows(const FrameView& frame, int firstRow, const std::uint16_t* weights);
+    /// Mixes the columns of that row into one row of the result; `knownTaps` is their number of taps, or 0.
+    template <int knownTaps>
+    void MixColumns(std::uint32_t* target) const;
 
     POINT fromSize;
     POINT toSize;
     Axis columns;
     Axis rows;
-    std::vector<std::uint16_t> sums; // one row of the frame, four channels a pixel, scaled vertically
+    std::vector<std::uint16_t> mixedRow; // four channels a pixel, in the bytes' order
 };
 
 } // namespace platform

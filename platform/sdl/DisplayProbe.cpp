@@ -35,17 +35,34 @@ public:
 
     bool HasExtension(const char* name) const {
         using Query = int (*)(Display*, const char*, int*, int*, int*);
-        const auto query = reinterpret_cast<Query>(SDL_LoadFunction(library, "XQueryExtension"));
+        const auto query = Function<Query>("XQueryExtension");
         int opcode = 0;
         int event = 0;
         int error = 0;
         return query != nullptr && query(display, name, &opcode, &event, &error) != 0;
     }
 
+    /// Whether the root window has this property.
+    bool HasProperty(const char* name) const {
+        using Intern = Atom (*)(Display*, const char*, int);
+        using List = Atom* (*)(Display*, ::Window, int*);
+        using Free = int (*)(void*);
+        const auto intern = Function<Intern>("XInternAtom");
+        const auto list = Function<List>("XListProperties");
+        const auto release = Function<Free>("XFree");
+        if (intern == nullptr || list == nullptr || release == nullptr) return false;
+        const Atom atom = intern(display, name, 1);
+        int count = 0;
+        Atom* const atoms = list(display, DefaultRootWindow(display), &count);
+        const bool found = atom != None && std::find(atoms, atoms + count, atom) != atoms + count;
+        if (atoms != nullptr) release(atoms);
+        return found;
+    }
+
     /// The value of a line "name: value" of the user's resources; empty if there is none.
     std::string Resource(std::string_view name) const {
         using Read = char* (*)(Display*);
-        const auto read = reinterpret_cast<Read>(SDL_LoadFunction(library, "XResourceManagerString"));
+        const auto read = Function<Read>("XResourceManagerString");
         const char* const textPtr = read != nullptr ? read(display) : nullptr;
         const std::string_view text = textPtr != nullptr ? textPtr : "";
         for (std::size_t begin = 0; begin < text.size();) {
@@ -60,6 +77,11 @@ public:
     }
 
 private:
+    template <typename Signature>
+    Signature Function(const char* name) const {
+        return reinterpret_cast<Signature>(SDL_LoadFunction(library, name));
+    }
+
     Display* display = nullptr;
     void* library = nullptr;
 };
@@ -113,6 +135,13 @@ double DisplayScale(SDL_Window* window) {
     (void)usualDotsPerInch;
 #endif
     return 1.0;
+}
+
+bool HasWindowManager([[maybe_unused]] SDL_Window* window) {
+#if defined(SDL_VIDEO_DRIVER_X11)
+    if (const XServer server(window); server.Exists()) return server.HasProperty("_NET_SUPPORTING_WM_CHECK");
+#endif
+    return true;
 }
 
 } // namespace platform

@@ -13,4 +13,7 @@ bool HasGraphicsHardware(SDL_Window* window);
 /// themselves answer 1.
 double DisplayScale(SDL_Window* window);
 
+/// Whether somebody on the display answers a window's wish to fill the screen; without that it has to size itself.
+bool HasWindowManager(SDL_Window* window);
+
 } // namespace platform

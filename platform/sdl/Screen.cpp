@@ -99,8 +99,19 @@ void Screen::SetIcon(WORD resourceId) {
 bool Screen::SetFullscreen(bool fill) {
     if (fill == fullscreen) return true;
     SDL_Window* const window = windowPtr.get();
-    if (fill) windowPosition = Position();
-    if (SDL_SetWindowFullscreen(window, fill ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0) != 0) return false;
+    if (fill) {
+        windowPosition = Position();
+        resizesItself = !HasWindowManager(window);
+    }
+    if (resizesItself) {
+        SDL_Rect area{};
+        if (SDL_GetDisplayBounds(std::max(0, SDL_GetWindowDisplayIndex(window)), &area) != 0) return false;
+        if (!fill) area = {windowPosition.x, windowPosition.y, windowSize.x, windowSize.y};
+        SDL_SetWindowPosition(window, area.x, area.y);
+        SDL_SetWindowSize(window, area.w, area.h);
+    } else if (SDL_SetWindowFullscreen(window, fill ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0) != 0) {
+        return false;
+    }
     fullscreen = fill;
     return true;
 }

@@ -73,6 +73,7 @@ private:
     RECT shownAt;  // where in it the frame is
     bool wayChosen = false;
     bool fullscreen = false;
+    bool resizesItself = false; // in full screen, because there is no window manager
     bool waitsForBlank = false;
     Scaler scaler;
 };

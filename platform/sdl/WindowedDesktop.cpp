@@ -8,11 +8,14 @@
 #include "platform/sdl/Screen.h"
 #include "platform/sdl/ThreadSleeper.h"
 
+#define SDL_MAIN_HANDLED // main is our own on every system
 #include <SDL.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -55,25 +58,65 @@ WPARAM MouseFlags() {
 class VideoLibrary {
 public:
     VideoLibrary() {
+        SDL_SetMainReady();
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"); // a plain surface stays plain, whatever GL there is
         SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
         SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");        // messages end at the window's edge
         SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");  // the click that activates is a click as well
         SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"); // closing is asked for by the window's own event
         SDL_SetHint(SDL_HINT_WINDOWS_DPI_AWARENESS, "permonitorv2");
-        ready = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
-        if (!ready) error = SDL_GetError();
+#if defined(SDL_VIDEO_DRIVER_X11) || defined(SDL_VIDEO_DRIVER_WAYLAND)
+        // Left to itself the library ends with drivers that show nothing to anybody.
+        ready = (IsSet("DISPLAY") && Start("x11")) || (IsSet("WAYLAND_DISPLAY") && Start("wayland"));
+#else
+        ready = Start(nullptr);
+#endif
     }
-    ~VideoLibrary() { SDL_Quit(); }
+    ~VideoLibrary() {
+        if (ready) SDL_VideoQuit();
+        SDL_Quit();
+    }
     VideoLibrary(const VideoLibrary&) = delete;
     VideoLibrary& operator=(const VideoLibrary&) = delete;
 
     bool IsReady() const { return ready; }
+    /// Why it is not.
     const std::string& Error() const { return error; }
 
 private:
+    static bool IsSet(const char* variable) {
+        const char* const value = std::getenv(variable);
+        return value != nullptr && *value != '\0';
+    }
+    bool Start(const char* driver) {
+        if (SDL_VideoInit(driver) == 0) return true;
+        error = SDL_GetError();
+        return false;
+    }
+
     bool ready = false;
-    std::string error;
+    std::string error = "there is no display";
+};
+
+/// While a box is shown nobody looks at what the window library would make of Ctrl+C: as long as this lives it ends the
+/// program the plain way.
+class PlainSignals {
+public:
+    PlainSignals() {
+        for (std::size_t index = 0; index < numbers.size(); ++index) {
+            handlers[index] = std::signal(numbers[index], SIG_DFL);
+            if (handlers[index] == SIG_IGN) std::signal(numbers[index], SIG_IGN);
+        }
+    }
+    ~PlainSignals() {
+        for (std::size_t index = 0; index < numbers.size(); ++index) std::signal(numbers[index], handlers[index]);
+    }
+    PlainSignals(const PlainSignals&) = delete;
+    PlainSignals& operator=(const PlainSignals&) = delete;
+
+private:
+    static constexpr std::array<int, 2> numbers = {SIGINT, SIGTERM};
+    std::array<void (*)(int), 2> handlers{};
 };
 
 class WindowedDesktop : public Desktop {
@@ -161,6 +204,7 @@ void WindowedDesktop::MessageBox(std::wstring_view text, std::wstring_view capti
     SDL_Window* const owner = screenPtr ? screenPtr->Handle() : nullptr;
     const SDL_MessageBoxData box{
         SDL_MESSAGEBOX_INFORMATION, owner, title.c_str(), message.c_str(), 1, &button, nullptr};
+    const PlainSignals plainSignals;
     int pressed = 0;
     if (!video.IsReady() || SDL_ShowMessageBox(&box, &pressed) != 0) {
         std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());

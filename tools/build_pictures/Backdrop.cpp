@@ -11,11 +11,18 @@ using platform::Picture;
 
 namespace {
 
-/// The colour of one mood; the seam between two flat colours is ten rows of ordered dots.
+/// True for that share (0 to 1) of the pixels of a row, in dashes like thin streaks of cloud.
+bool Streak(int x, int y, double share) {
+    const double dash = 0.62 * Wave(x + 31.0 * y, 17.0, 301 + y / 2) + 0.38 * Wave(x, 5.0, 302 + y);
+    return dash < 0.5 + (share - 0.5) * 1.1;
+}
+
+/// The colour of one mood; the seam between two flat colours is a few rows of streaks.
 std::uint32_t SkyAt(const Mood& mood, int x, int y) {
+    constexpr int half = 4;
     for (std::size_t i = 0; i + 1 < mood.bands.size(); ++i) {
         const int over = mood.bands[i].bottom - y;
-        if (over > 5 || (over > -5 && Dither(x, y, (over + 5) / 10.0))) return mood.bands[i].colour;
+        if (over > half || (over > -half && Streak(x, y, (over + half) / (2.0 * half)))) return mood.bands[i].colour;
     }
     return mood.bands.back().colour;
 }
@@ -24,10 +31,35 @@ std::uint32_t SkyAt(const Mood& mood, int x, int y) {
 double EdgeAt(const Ridge& ridge, double x) {
     const double large = Wave(x, ridge.period, ridge.seed);
     const double small = Wave(x, ridge.period * 0.37, ridge.seed + 1);
-    if (ridge.shape == Ridge::Shape::hills) return 0.75 * large + 0.25 * small;
+    // a ridge that ends in the level sinks away there
+    const double toEnd = std::min(ridge.from == 0 ? 1000.0 : x - ridge.from, ridge.to - x);
+    const double sunk = std::max(0.0, 1.0 - toEnd / 110.0);
+    const double low = 2.0 * sunk * sunk;
+    if (ridge.shape == Ridge::Shape::hills) return low + 0.75 * large + 0.25 * small;
     // peaks are folded waves: sharp where two slopes meet
     const double fold = std::abs(2.0 * large - 1.0);
-    return 0.62 * fold + 0.25 * std::abs(2.0 * small - 1.0) + 0.13 * Wave(x, 7.0, ridge.seed + 2);
+    return low + 0.62 * fold + 0.25 * std::abs(2.0 * small - 1.0) + 0.13 * Wave(x, 7.0, ridge.seed + 2);
+}
+
+/// Small round trees scattered over far hills, and their shadows. False where there is none.
+bool PaintHedge(Picture& picture, const Ridge& ridge, int x, int y) {
+    constexpr int cellWidth = 19;
+    constexpr int cellHeight = 11;
+    const int column = x / cellWidth;
+    const int row = y / cellHeight;
+    // they grow in groves
+    if (Chance(column, row, ridge.seed + 6) > 1.3 * Wave2(column, row, 2.4, ridge.seed + 7) - 0.25) return false;
+    const double radius = 1.6 + 1.6 * Chance(column, row, ridge.seed + 8);
+    const double dx = x - (column + 0.25 + 0.5 * Chance(column, row, ridge.seed + 9)) * cellWidth;
+    const double dy = y - (row + 0.35 + 0.3 * Chance(column, row, ridge.seed + 10)) * cellHeight;
+    if (dx * dx + dy * dy < radius * radius) {
+        Dot(picture, x, y, 0.6 * dx + 0.8 * dy < -0.3 * radius ? ridge.light : ridge.dark);
+        return true;
+    }
+    const double shadow = (dx - 1.5) * (dx - 1.5) / 2.2 + (dy - radius) * (dy - radius) * 2.0;
+    if (shadow >= radius * radius) return false;
+    Dot(picture, x, y, ridge.dark);
+    return true;
 }
 
 void PaintSlope(Picture& picture, const Ridge& ridge, int x) {
@@ -40,6 +72,7 @@ void PaintSlope(Picture& picture, const Ridge& ridge, int x) {
             const bool lit = EdgeAt(ridge, at - 5.0) > EdgeAt(ridge, at + 5.0);
             Dot(picture, x, y, depth > ridge.swing + 14 ? ridge.dark : lit ? ridge.light : ridge.mid);
         } else {
+            if (depth > 5 && PaintHedge(picture, ridge, x, y)) continue;
             const double field = Wave2(x, y * 2.6, ridge.period * 0.3, ridge.seed + 4) - depth * 0.012;
             Dot(picture, x, y,
                 depth < 1 || (depth < 3 && Chance(x / 3, 0, ridge.seed + 5) < 0.4) ? ridge.light
@@ -52,12 +85,12 @@ void PaintSlope(Picture& picture, const Ridge& ridge, int x) {
 
 /// Tree tops in rows, those further down in front.
 void PaintWoods(Picture& picture, const Ridge& ridge) {
-    constexpr int step = 9;
+    constexpr int step = 12;
     for (int row = 0; row < 4; ++row) {
         for (int x = ridge.from - step; x < ridge.to + step; x += step) {
             const int cell = x / step;
             const double lift = Chance(cell, row, ridge.seed);
-            const double radius = 6.0 + 4.5 * Chance(cell, row, ridge.seed + 1) + row;
+            const double radius = 8.0 + 5.0 * Chance(cell, row, ridge.seed + 1) + row;
             const double middle = x + row * 4 + 5.0 * (Chance(cell, row, ridge.seed + 2) - 0.5);
             const double top =
                 ridge.top + ridge.swing * Wave(x, ridge.period, ridge.seed + 3) + row * 9 + 5.0 * lift + radius;
@@ -67,8 +100,8 @@ void PaintWoods(Picture& picture, const Ridge& ridge) {
                 const double half = radius * 1.15 * std::sqrt(std::max(0.0, 1.0 - dx * dx));
                 for (int y = static_cast<int>(top - half); y < ridge.bottom; ++y) {
                     const double dy = (y - top) / (radius * 1.15);
-                    const double light = -(0.6 * dx + 0.8 * dy) + 0.5 * (Chance(px / 2, y / 2, ridge.seed + 4) - 0.5);
-                    Dot(picture, px, y, light > 0.55 ? ridge.light : light > -0.35 ? ridge.mid : ridge.dark);
+                    const double light = -(0.6 * dx + 0.8 * dy) + 0.34 * (Chance(px / 2 + y / 2 % 2, y / 2, ridge.seed + 4) - 0.5);
+                    Dot(picture, px, y, light > 0.62 ? ridge.light : light > -0.3 ? ridge.mid : ridge.dark);
                 }
             }
         }
@@ -85,7 +118,7 @@ void PaintSky(Picture& picture, const std::vector<Mood>& moods, int bottom) {
             while (index + 1 < moods.size() && x >= moods[index + 1].from + melt / 2) ++index;
             if (index + 1 < moods.size()) {
                 const double share = (x - moods[index + 1].from + melt / 2) / static_cast<double>(melt);
-                if (share > 0.0 && Dither(x, y, share)) ++index;
+                if (share > 0.0 && Streak(x, y, share)) ++index;
             }
             picture.At(x, y) = SkyAt(moods[index], x, y);
         }

@@ -56,10 +56,16 @@ void PaintFoliage(Picture& picture, double centreX, double centreY, double radiu
                 Dot(picture, x, y, tones.outline);
                 continue;
             }
+            // a cushion throws a little shadow on the one behind it
+            const Cushion* belowPtr = FrontAt(cushions, x + 1, y + 2, seed);
+            if (belowPtr > front && Chance(x, y, seed + 2) < 0.8) {
+                Dot(picture, x, y, tones.dark);
+                continue;
+            }
             const double own = -(0.6 * (x - front->x) + 0.8 * (y - front->y)) / front->radius;
             const double whole = -(0.45 * (x - centreX) / radiusX + 0.65 * (y - centreY) / radiusY);
             const double leaf = Chance(x / 2 + (y / 2) % 2, y / 2, seed + 1) - 0.5;
-            const double light = 0.75 * own + 0.8 * whole + 0.45 * leaf;
+            const double light = 0.9 * own + 0.6 * whole + 0.5 * leaf;
             Dot(picture, x, y,
                 light > 0.95    ? tones.glow
                 : light > 0.35  ? tones.light
@@ -139,10 +145,11 @@ void PaintCloud(Picture& picture, int x, int y, int width, const Tones& tones, i
             if (bestPtr == nullptr) continue;
             const int toBase = y - py;
             Dot(picture, px, py,
-                toBase < 2                   ? tones.dark
-                : best > 0.1                 ? tones.glow
-                : toBase < 4 || best < -0.35 ? tones.mid
-                                             : tones.light);
+                toBase < 2                        ? tones.dark
+                : best > 0.12 && toBase > 3       ? tones.glow
+                : best > -0.12 && toBase > 3      ? tones.light
+                : toBase < 4 || (px + py / 2) % 3 ? tones.mid
+                                                  : tones.light);
         }
     }
 }

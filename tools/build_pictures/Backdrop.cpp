@@ -27,6 +27,13 @@ std::uint32_t SkyAt(const Mood& mood, int x, int y) {
     return mood.bands.back().colour;
 }
 
+/// The large forms of peaks alone: folded waves, sharp where two slopes meet; 0 (highest) to 1.
+double CrestAt(const Ridge& ridge, double x) {
+    const double large = std::abs(2.0 * Wave(x, ridge.period, ridge.seed) - 1.0);
+    const double small = std::abs(2.0 * Wave(x, ridge.period * 0.43, ridge.seed + 1) - 1.0);
+    return 0.7 * large + 0.3 * small;
+}
+
 /// The far edge in column `x`, 0 (at its highest) to 1.
 double EdgeAt(const Ridge& ridge, double x) {
     const double large = Wave(x, ridge.period, ridge.seed);
@@ -36,9 +43,7 @@ double EdgeAt(const Ridge& ridge, double x) {
     const double sunk = std::max(0.0, 1.0 - toEnd / 110.0);
     const double low = 2.0 * sunk * sunk;
     if (ridge.shape == Ridge::Shape::hills) return low + 0.75 * large + 0.25 * small;
-    // peaks are folded waves: sharp where two slopes meet
-    const double fold = std::abs(2.0 * large - 1.0);
-    return low + 0.62 * fold + 0.25 * std::abs(2.0 * small - 1.0) + 0.13 * Wave(x, 7.0, ridge.seed + 2);
+    return low + 0.88 * CrestAt(ridge, x) + 0.12 * Wave(x, 7.0, ridge.seed + 2);
 }
 
 /// Small round trees scattered over far hills, and their shadows. False where there is none.
@@ -69,7 +74,7 @@ void PaintSlope(Picture& picture, const Ridge& ridge, int x) {
         if (ridge.shape == Ridge::Shape::peaks) {
             // the crest throws its light and shadow side down the slope, to the lower right
             const double at = x - depth * 0.45 + 5.0 * (Wave(y, 9.0, ridge.seed + 3) - 0.5);
-            const bool lit = EdgeAt(ridge, at - 5.0) > EdgeAt(ridge, at + 5.0);
+            const bool lit = CrestAt(ridge, at - 7.0) > CrestAt(ridge, at + 7.0);
             Dot(picture, x, y, depth > ridge.swing + 14 ? ridge.dark : lit ? ridge.light : ridge.mid);
         } else {
             if (depth > 5 && PaintHedge(picture, ridge, x, y)) continue;
@@ -100,7 +105,8 @@ void PaintWoods(Picture& picture, const Ridge& ridge) {
                 const double half = radius * 1.15 * std::sqrt(std::max(0.0, 1.0 - dx * dx));
                 for (int y = static_cast<int>(top - half); y < ridge.bottom; ++y) {
                     const double dy = (y - top) / (radius * 1.15);
-                    const double light = -(0.6 * dx + 0.8 * dy) + 0.34 * (Chance(px / 2 + y / 2 % 2, y / 2, ridge.seed + 4) - 0.5);
+                    const double light =
+                        -(0.6 * dx + 0.8 * dy) + 0.34 * (Chance(px / 2 + y / 2 % 2, y / 2, ridge.seed + 4) - 0.5);
                     Dot(picture, px, y, light > 0.62 ? ridge.light : light > -0.3 ? ridge.mid : ridge.dark);
                 }
             }

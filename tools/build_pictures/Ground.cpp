@@ -26,11 +26,9 @@ int Round(double value) { return static_cast<int>(std::floor(value + 0.5)); }
 } // namespace
 
 bool Ground::SetMaterial(const std::string& material, int left, int top, int right, int bottom) {
-    static const std::map<std::string, Material> names = {{"earth", Material::earth},
-                                                          {"ruin", Material::ruin},
-                                                          {"fort", Material::fort},
-                                                          {"cave", Material::cave},
-                                                          {"wood", Material::wood}};
+    static const std::map<std::string, Material> names = {{"earth", Material::earth}, {"ruin", Material::ruin},
+                                                          {"fort", Material::fort},   {"cave", Material::cave},
+                                                          {"wood", Material::wood},   {"log", Material::log}};
     const auto found = names.find(material);
     if (found == names.end()) return false;
     regions.push_back({found->second, left, top, right, bottom});
@@ -59,22 +57,24 @@ void Ground::Paint(platform::Picture& picture) const {
                             terrain.DepthFrom(x, y, -1, 0, far),
                             terrain.DepthFrom(x, y, 1, 0, far)};
             const auto tone = [&](Tone value) { return static_cast<std::size_t>(value); };
-            switch (MaterialAt(x, y)) {
+            const Region region = RegionAt(x, y);
+            switch (region.material) {
             case Material::earth: picture.At(x, y) = earth[tone(Earth(spot))]; break;
             case Material::ruin: picture.At(x, y) = stone[tone(Ruin(spot))]; break;
             case Material::fort: picture.At(x, y) = earth[tone(Fort(spot))]; break;
             case Material::cave: picture.At(x, y) = cave[tone(Cave(spot))]; break;
             case Material::wood: picture.At(x, y) = earth[tone(Wood(spot))]; break;
+            case Material::log: picture.At(x, y) = earth[tone(Log(region, x, y))]; break;
             }
         }
     }
 }
 
-Ground::Material Ground::MaterialAt(int x, int y) const {
+Ground::Region Ground::RegionAt(int x, int y) const {
     for (auto region = regions.rbegin(); region != regions.rend(); ++region) {
-        if (x >= region->left && x < region->right && y >= region->top && y < region->bottom) return region->material;
+        if (x >= region->left && x < region->right && y >= region->top && y < region->bottom) return *region;
     }
-    return Material::earth;
+    return {Material::earth, 0, 0, 0, 0};
 }
 
 /// A stone lying in the ground: lit from the upper left; `none` between the stones.
@@ -253,6 +253,19 @@ Ground::Tone Ground::Wood(const Spot& spot) {
     // the beam below
     if (bottom == 2) return 1;
     return Chance(x / 6, y, 62) < 0.3 ? 1 : 2;
+}
+
+/// A hollow log that hangs from above, its rim at the bottom.
+Ground::Tone Ground::Log(const Region& region, int x, int y) {
+    const int fromLeft = x - region.left;
+    const int toRight = region.right - 1 - x;
+    const int toRim = region.bottom - 1 - y;
+    if (fromLeft == 0 || toRight == 0 || toRim == 0) return 0;
+    if (toRim < 6) return toRim == 5 ? 0 : toRim == 4 || fromLeft == 1 ? 4 : toRight < 5 ? 1 : toRim == 1 ? 2 : 3;
+    if (fromLeft < 2 || toRight < 2) return 0; // the rim stands out
+    const double across = fromLeft / static_cast<double>(region.right - region.left);
+    const int base = across < 0.3 ? 3 : across < 0.65 ? 2 : 1;
+    return fromLeft % 5 == 3 && Chance(fromLeft, y / 5, 71) < 0.7 ? base - 1 : base;
 }
 
 } // namespace pictures

@@ -17,12 +17,12 @@ public:
     Ground(const Palette& usedPalette, const Terrain& usedTerrain) : palette(usedPalette), terrain(usedTerrain) {}
 
     /// Solids in columns `left` to `right` - 1 of rows `top` to `bottom` - 1 are of `material`; later regions win.
-    /// False if there is no such material ("earth", "ruin", "fort", "cave", "wood").
+    /// False if there is no such material ("earth", "ruin", "fort", "cave", "wood", "log").
     bool SetMaterial(const std::string& material, int left, int top, int right, int bottom);
     void Paint(platform::Picture& picture) const;
 
 private:
-    enum class Material { earth, ruin, fort, cave, wood };
+    enum class Material { earth, ruin, fort, cave, wood, log };
     struct Region {
         Material material;
         int left;
@@ -42,7 +42,8 @@ private:
     /// A tone from 0, the darkest of the material, to 4; or one of the greens 5 (dark) to 8 (light).
     using Tone = int;
 
-    Material MaterialAt(int x, int y) const;
+    /// Earth everywhere where nothing else was set.
+    Region RegionAt(int x, int y) const;
     static Tone Earth(const Spot& spot);
     static Tone Turf(const Spot& spot);
     static Tone Masonry(const Spot& spot, int courseHeight, int blockWidth, int seed);
@@ -50,6 +51,7 @@ private:
     static Tone Fort(const Spot& spot);
     static Tone Cave(const Spot& spot);
     static Tone Wood(const Spot& spot);
+    static Tone Log(const Region& region, int x, int y);
     static Tone Pebble(int x, int y, int cellWidth, int cellHeight, double share, int seed);
 
     const Palette& palette;

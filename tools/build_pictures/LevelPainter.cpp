@@ -80,6 +80,8 @@ void LevelPainter::Read(const std::string& path) {
             Box(level, left, top, right, bottom, ReadColour(file));
         } else if (order == "cave") {
             ReadCave(file);
+        } else if (order == "glow") {
+            ReadGlow(file);
         } else if (order == "fort") {
             ReadFort(file);
         } else if (order == "material") {
@@ -204,6 +206,20 @@ void LevelPainter::ReadCave(SourceFile& file) {
                                 0.9 * std::abs((x - left) / static_cast<double>(right - left) - 0.46) +
                                 0.3 * (Chance(shifted / 26, row, 92) - 0.5);
             level.At(x, y) = palette[joint ? "ink0" : Dither(x, y, (glow - 0.5) * 1.6) ? "ink1" : "under0"];
+        }
+    }
+}
+
+void LevelPainter::ReadGlow(SourceFile& file) {
+    const int x = file.Number("x");
+    const int y = file.Number("y");
+    const int radius = file.Number("the radius");
+    const double percent = file.Number("the percentage");
+    const std::uint32_t colour = ReadColour(file);
+    for (int py = y - radius; py <= y + radius; ++py) {
+        for (int px = x - radius; px <= x + radius; ++px) {
+            const double distance = std::hypot(px - x, py - y) / radius;
+            if (distance < 1.0 && Dither(px, py, percent / 100.0 * (1.0 - distance))) Dot(level, px, py, colour);
         }
     }
 }

@@ -29,6 +29,7 @@ class Terrain;
 ///     column X WIDTH HEIGHT, wall X WIDTH HEIGHT OPENING, tower X WIDTH HEIGHT ROOF
 ///     prop NAME X [Y]                                    a frame of the sprites in props, standing there
 ///     box LEFT TOP RIGHT BOTTOM COLOUR
+///     glow X Y RADIUS PERCENT COLOUR                     light around a lamp: dots, PERCENT of them in its middle
 ///     cave LEFT TOP RIGHT BOTTOM                         the wall behind a room under ground
 ///     fort X                                             the building at the end
 ///     material NAME LEFT TOP RIGHT BOTTOM                what the solids there are made of
@@ -53,6 +54,7 @@ private:
     void ReadGrass(SourceFile& file);
     void ReadProp(SourceFile& file);
     void ReadCave(SourceFile& file);
+    void ReadGlow(SourceFile& file);
     void ReadFort(SourceFile& file);
     void PaintPits();
 

@@ -4,6 +4,7 @@
 #include "engine/GameEngine.h"
 #include "engine/HitRegion.h"
 #include "game/Sound.h"
+#include "game/SpriteSheet.h"
 #include "game/player/Pelko.h"
 
 namespace {
@@ -31,9 +32,7 @@ Level::Level()
       pipeBigBitmapPtr(std::make_unique<Bitmap>("Resources/Images/PipeVerticalBig.bmp")),
       pipeHorizontalBitmapPtr(std::make_unique<Bitmap>("Resources/Images/PipeHorizontal.bmp")),
       pipeSmallBitmapPtr(std::make_unique<Bitmap>("Resources/Images/PipeVerticalSmall.bmp")),
-      flagBitmapPtr(std::make_unique<Bitmap>("Resources/Images/Flag.bmp")),
-      collisionRegionPtr(std::make_unique<HitRegion>()) {
-    flagBitmapPtr->SetTransparencyColor(255, 0, 255);
+      flagBitmapPtr(LoadSpriteSheet("Resources/Images/Flag.bmp")), collisionRegionPtr(std::make_unique<HitRegion>()) {
     collisionRegionPtr->CreateFromFile("Resources/Images/World1-1_Collision.svg");
 
     pipeEntryRectVertical = {pipeBigPosition.x + pipeEntryMargin, pipeBigPosition.y - 1.0,

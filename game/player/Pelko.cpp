@@ -11,16 +11,13 @@
 #include "game/Level.h"
 #include "game/Quillfen.h"
 #include "game/Sound.h"
+#include "game/SpriteSheet.h"
 #include "platform/Messages.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr int width = 16; // level pixels, of every form
-constexpr int smallHeight = 16;
-constexpr int bigHeight = 32;
-
 constexpr DOUBLE2 gravity(0.0, 800.0);      // level pixels / s^2
 constexpr double walkAcceleration = 120.0;  // level pixels / s^2
 constexpr double brakeAcceleration = 400.0; // level pixels / s^2, also that of friction
@@ -60,11 +57,9 @@ bool IsKeyDown(VirtualKey key) { return GameEngine::GetSingleton()->IsKeyDown(ke
 
 Pelko::Pelko()
     : spriteSheetPtr(std::make_unique<Bitmap>("Resources/Images/Pelkos.png")),
-      fireballBitmapPtr(std::make_unique<Bitmap>("Resources/Images/Fireball.bmp")),
-      explosionBitmapPtr(std::make_unique<Bitmap>("Resources/Images/Explosion.bmp")),
+      fireballBitmapPtr(LoadSpriteSheet("Resources/Images/Fireball.bmp")),
+      explosionBitmapPtr(LoadSpriteSheet("Resources/Images/Explosion.bmp")),
       levelRegionPtr(Level::GetSingleton()->GetCollisionRegion()) {
-    fireballBitmapPtr->SetTransparencyColor(255, 0, 255);
-    explosionBitmapPtr->SetTransparencyColor(255, 0, 255);
     ReadDataFile();
 }
 
@@ -253,7 +248,8 @@ void Pelko::WalkIntoCastle() {
 
 void Pelko::WalkFacingRight() {
     facingRight = true;
-    state = heroWalking;
+    // A change of form that begins in this very tick keeps its state: nothing else would bring it to its end.
+    if (!IsFormChanging()) state = heroWalking;
 }
 
 void Pelko::PassCheckpoint() {
@@ -410,8 +406,6 @@ void Pelko::PlayMusicForTime(int music, int hurryMusic) {
 // Questions
 
 int Pelko::GetFormState() const { return form == heroBig || form == heroFire ? form : heroSmall; }
-
-int Pelko::GetWidth() const { return width; }
 
 int Pelko::Height() const { return GetFormState() == heroSmall ? smallHeight : bigHeight; }
 

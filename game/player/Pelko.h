@@ -82,7 +82,7 @@ public:
     DOUBLE2 GetPosition() const { return position; }
     /// A HeroForm.
     int GetFormState() const;
-    int GetWidth() const;
+    int GetWidth() const { return width; }
     bool IsFacingRight() const { return facingRight; }
     bool IsAlive() const { return alive; }
     /// Then nothing touches him; true for a while after he was hurt and during a change of form.
@@ -109,6 +109,11 @@ private:
     static constexpr std::array<ChangedForms, formChangeCount> changedForms = {
         {{heroBig, heroSmall}, {heroFire, heroSmall}, {heroSmall, heroBig}, {heroBig, heroFire}}};
     static constexpr int formChangeTicks = 90;
+
+    // Level pixels; the cells of the sprite sheet have these sizes.
+    static constexpr int width = 16; // of every form
+    static constexpr int smallHeight = 16;
+    static constexpr int bigHeight = 32;
 
     void ReadDataFile();
 
@@ -143,6 +148,7 @@ private:
     void WalkFacingRight();
     void AnimateFormChange(FormChange change);
     void EndFormChange();
+    bool IsFormChanging() const;
     bool IsDying() const { return state == heroDying || !alive; }
     bool CollidesWithLevel() const;
     int Height() const;

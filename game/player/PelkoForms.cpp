@@ -15,10 +15,6 @@ constexpr int starTicks = 300;
 
 // The sprite sheet: bands of a big row above a small one. The first band has the hero's own colours, the next eight
 // those of the star; the fire form's big rows lie two bands below those of the big form.
-constexpr int cellWidth = 16; // pixels
-constexpr int smallHeight = 16;
-constexpr int bigHeight = 32;
-constexpr int bandHeight = bigHeight + smallHeight;
 constexpr int fireBand = 2;
 constexpr int starBands = 8;
 constexpr int paintsPerSkip = 60; // the star's colours skip one band every so many paints
@@ -26,8 +22,10 @@ constexpr int paintsPerSkip = 60; // the star's colours skip one band every so m
 
 // Changes of form
 
+bool Pelko::IsFormChanging() const { return std::ranges::find(formChanges, true) != formChanges.end(); }
+
 void Pelko::BeginFormChangeTick() {
-    transforming = std::ranges::count(formChanges, true) > 0;
+    transforming = IsFormChanging();
     if (transforming) return;
     flickers = false;
     formChangeCounter = formChangeTicks;
@@ -106,7 +104,7 @@ void Pelko::Paint(MATRIX3X2 matView) {
     if (enginePtr->IsKeyDown(VK_RIGHT)) facingRight = true;
 
     // centre the cell on the position's line, mirror it there, put it in the level, then apply the camera
-    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(-cellWidth / 2, 0.0);
+    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(-width / 2, 0.0);
     const MATRIX3X2 matScale = MATRIX3X2::CreateScalingMatrix(facingRight ? 1.0 : -1.0, 1.0);
     const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
     GameEngine::GetSingleton()->SetWorldMatrix(matCenter * matScale * matTranslate * matView);
@@ -118,12 +116,13 @@ void Pelko::Paint(MATRIX3X2 matView) {
 }
 
 void Pelko::PaintSprite() {
+    constexpr int bandHeight = bigHeight + smallHeight;
     const int bandTop = starActive ? NextStarBand() * bandHeight : 0;
     GameEngine::OutputDebugString(String(L"") + starCounter + L" // " + starTickCounter + L"\n");
 
     RECT clip;
-    clip.left = frameColumn * cellWidth;
-    clip.right = clip.left + cellWidth;
+    clip.left = frameColumn * width;
+    clip.right = clip.left + width;
     switch (form) {
     case heroSmall: clip.top = bandTop + bigHeight; break;
     case heroBig: clip.top = bandTop; break;

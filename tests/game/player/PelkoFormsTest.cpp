@@ -68,6 +68,19 @@ TEST(HeroForms, SoundWhenAHitCostsOne) {
     EXPECT_TRUE(play.Hero().IsAlive());
 }
 
+TEST(HeroForms, ChangeDuringAScriptedWalkComesToItsEnd) {
+    for (const int move : {heroWalksOutOfPipe, heroWalksIntoCastle}) {
+        SCOPED_TRACE(move);
+        Playground play;
+        play.Hero().StartAutoMove(move);
+        play.Run(5).Hero().Grow();
+        play.Run(91);
+        EXPECT_FALSE(play.Hero().IsInvulnerable());
+        const double x = play.Hero().GetPosition().x;
+        EXPECT_GT(play.Run(10).Hero().GetPosition().x, x) << "and he walks on";
+    }
+}
+
 TEST(HeroForms, DyingEndsAChangeAtOnce) {
     for (const auto& [oldForm, newForm, begin] : changes) {
         SCOPED_TRACE(testing::Message() << oldForm << " to " << newForm);

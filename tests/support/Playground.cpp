@@ -26,11 +26,11 @@ Picture HeroSheet() {
     return sheet;
 }
 
-void WritePictures(int levelWidth) {
+void WritePictures(Scene const& scene) {
     const auto write = [](std::string const& name, Picture const& picture) {
         platform::SaveBmp("Resources/Images/" + name, picture); // told apart by content, so a .png name is no matter
     };
-    write("World1-1.png", Picture(levelWidth, 448, SceneFolder::sky));
+    write("World1-1.png", Picture(scene.levelWidth, 448, SceneFolder::sky));
     write("CastleHalf.png", Picture(120, 200, SceneFolder::castle));
     write("PipeVerticalBig.bmp", Picture(32, 64, SceneFolder::pipe));
     write("PipeHorizontal.bmp", Picture(48, 32, SceneFolder::pipe));
@@ -49,6 +49,7 @@ void WritePictures(int levelWidth) {
     write("Dorvak.bmp", Picture(64, 24, SceneFolder::enemy));
     write("Font.bmp", Picture(128, 48, 0xFF000001)); // the transparent colour: nothing covers the level
     write("CoinIcon.bmp", Picture(48, 8, magenta));
+    for (auto const& [name, picture] : scene.pictures) write(name, picture);
 }
 
 void WriteSounds(TestFolder const& folder) {
@@ -92,7 +93,7 @@ SceneFolder::SceneFolder(Scene const& scene) : folder("scene"), formerDirectory(
     folder.Write("Resources/Images/World1-1_Collision.svg", "<svg><path d=\"" + scene.outline + "\"/></svg>");
     if (scene.heroFile) folder.Write("Resources/Files/Data_Pelko.txt", *scene.heroFile);
     if (scene.enemyFile) folder.Write("Resources/Files/Data_Enemies.txt", *scene.enemyFile);
-    WritePictures(scene.levelWidth);
+    WritePictures(scene);
     WriteSounds(folder);
 }
 

@@ -8,6 +8,7 @@
 #include "tests/support/TestSounds.h"
 
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -21,6 +22,8 @@ struct Scene {
     /// Contents of the data files; nothing: there is no such file.
     std::optional<std::string> heroFile;
     std::optional<std::string> enemyFile;
+    /// Shown instead of the plain ones, by file name.
+    std::map<std::string, platform::Picture> pictures = {};
 };
 
 /// A solid rectangle, as path data.

@@ -84,7 +84,8 @@ class Reader {
 public:
     Score Read(const std::filesystem::path& path) {
         ReadFile(path);
-        if (score.notes.empty()) Fail("the score plays nothing: is there an 'order' line?");
+        if (score.notes.empty())
+            throw ScoreError(path.string() + ": the score plays nothing: is there an 'order' line?");
         score.length = playedSeconds + score.tail;
         return std::move(score);
     }
@@ -123,6 +124,10 @@ private:
         if (!stream) Fail("cannot be read");
         for (std::string text; std::getline(stream, text);) {
             ++line;
+            for (std::string more; text.ends_with('\\') && std::getline(stream, more); ++line) {
+                text.back() = ' ';
+                text += more;
+            }
             // a sharp follows its letter, so only a '#' after a blank or at the front begins a comment
             for (std::size_t at = text.find('#'); at != std::string::npos; at = text.find('#', at + 1)) {
                 if (at == 0 || blanks.find(text[at - 1]) != std::string_view::npos) text.resize(at);
@@ -426,7 +431,7 @@ private:
         bodyReader = &Reader::ReadPart;
     }
 
-    /// TRACK: PHRASE[*COUNT][+SEMITONES|-SEMITONES][@DECIBELS] ...
+    /// TRACK: PHRASE[*COUNT][+SEMITONES|-SEMITONES][@DECIBELS] ..., the changes in any order.
     void ReadPart(const Words& words) {
         if (!words[0].ends_with(':')) Fail("expected: TRACK: PHRASE ...");
         const std::string_view name = words[0].substr(0, words[0].size() - 1);
@@ -443,27 +448,29 @@ private:
     }
 
     double ReadUseOfPhrase(std::string_view word, std::vector<Use>& uses) {
-        std::string_view text = word;
+        constexpr std::string_view signs = "*+-@";
+        std::size_t at = std::min(word.find_first_of(signs), word.size());
+        const std::string_view name = word.substr(0, at);
         Use use;
         double count = 1.0;
-        if (const std::size_t at = text.find('@'); at != std::string_view::npos) {
-            use.gain = FromDecibels(Number(text.substr(at + 1), -60, 24));
-            text = text.substr(0, at);
+        while (at < word.size()) {
+            const char sign = word[at];
+            // two on from here: the number after an '@' may have a sign of its own
+            const std::size_t end = std::min(word.find_first_of(signs, at + 2), word.size());
+            const std::string_view digits = word.substr(at + 1, end - at - 1);
+            switch (sign) {
+            case '*': count = Number(digits, 1, 1000); break;
+            case '@': use.gain = FromDecibels(Number(digits, -60, 24)); break;
+            default: use.transpose = Number(digits, 0, 48) * (sign == '-' ? -1.0 : 1.0); break;
+            }
+            at = end;
         }
-        if (const std::size_t at = text.find_first_of("+-"); at != std::string_view::npos) {
-            use.transpose = Number(text.substr(at), -48, 48);
-            text = text.substr(0, at);
-        }
-        if (const std::size_t at = text.find('*'); at != std::string_view::npos) {
-            count = Number(text.substr(at + 1), 1, 1000);
-            text = text.substr(0, at);
-        }
-        if (text == "rest") {
+        if (name == "rest") {
             use.beats = meter;
         } else {
-            const Phrase& phrase = Find(phrases, text, "phrase");
+            const Phrase& phrase = Find(phrases, name, "phrase");
             if (phrase.hasBars && phrase.beats - phrase.barBeats > 1e-6 && phrase.barBeats > 0.0) {
-                Fail("the last bar of " + Quoted(text) + " is not closed by '|'");
+                Fail("the last bar of " + Quoted(name) + " is not closed by '|'");
             }
             use.phrasePtr = &phrase;
             use.beats = phrase.beats;

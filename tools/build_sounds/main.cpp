@@ -42,14 +42,17 @@ bool Build(const fs::path& scorePath, const fs::path& folder, bool asWav) {
 
 int main(int argc, char** argv) {
     const bool asWav = argc == 4 && std::strcmp(argv[3], "--wav") == 0;
-    if (argc != 3 && !asWav) {
-        std::fprintf(stderr, "usage: build_sounds SCORE|FOLDER OUT-FOLDER [--wav]\n");
+    if (argc == 2 || (argc > 3 && !asWav)) {
+        std::fprintf(stderr, "usage: build_sounds [SCORE|FOLDER OUT-FOLDER [--wav]]\n"
+                             "Without arguments, all of art/sound into Resources/Sound.\n");
         return 2;
     }
+    const fs::path source = argc > 1 ? argv[1] : "art/sound";
+    const fs::path target = argc > 1 ? argv[2] : "Resources/Sound";
     try {
-        fs::create_directories(argv[2]);
-        for (const fs::path& score : FindScores(argv[1])) {
-            if (!Build(score, argv[2], asWav)) return 1;
+        fs::create_directories(target);
+        for (const fs::path& score : FindScores(source)) {
+            if (!Build(score, target, asWav)) return 1;
         }
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

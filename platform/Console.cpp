@@ -2,7 +2,6 @@
 
 #include "platform/Unicode.h"
 
-#include <algorithm>
 #include <string>
 
 namespace platform {

@@ -1,20 +1,18 @@
 #include "platform/Pacer.h"
 
-#include <algorithm>
 
 namespace platform {
 
 namespace {
-// 59.94 is a 60 Hz display. A faster one is paced by the timer, and so is a slower one, which must not be waited for.
-constexpr double lowestRate = 59.0;
-constexpr double highestRate = 61.0;
+// The blank of a faster display is too early to set the pace; 59.94 and 60.02 are 60.
+constexpr double fastestDisplay = 61.0;
 
 // A driver may take two or three frames ahead before it begins to wait; one that never waits goes on.
 constexpr int earlyFramesAllowed = 8;
 } // namespace
 
 void Pacer::SetBlankRate(double refreshRate) {
-    followsDisplay = refreshRate >= lowestRate && refreshRate <= highestRate;
+    followsDisplay = refreshRate >= slowestDisplay && refreshRate <= fastestDisplay;
     earlyFrames = 0;
     started = false;
 }

@@ -12,6 +12,9 @@ class Pacer {
 public:
     using Time = std::chrono::nanoseconds;
 
+    /// Refreshes per second below which a display's blank must not be waited for: it would slow the game down.
+    static constexpr double slowestDisplay = 59.0;
+
     /// The time of `frames` frames.
     static constexpr Time Frames(std::int64_t frames) { return Time(frames * 1'000'000'000 / 60); }
 

@@ -1,5 +1,6 @@
 #include "platform/sdl/Screen.h"
 
+#include "platform/Pacer.h"
 #include "platform/Picture.h"
 #include "platform/Resources.h"
 #include "platform/sdl/DisplayProbe.h"
@@ -119,9 +120,8 @@ bool Screen::SetFullscreen(bool fill) {
 bool Screen::Present(const FrameView& frame, bool waitForBlank) {
     ChooseWay();
     if (rendererPtr) {
-        if (waitForBlank != waitsForBlank && SDL_RenderSetVSync(rendererPtr.get(), waitForBlank ? 1 : 0) == 0) {
-            waitsForBlank = waitForBlank;
-        }
+        const bool wait = waitForBlank && DisplayRate() >= Pacer::slowestDisplay;
+        if (wait != waitsForBlank && SDL_RenderSetVSync(rendererPtr.get(), wait ? 1 : 0) == 0) waitsForBlank = wait;
         if (PresentTexture(frame)) return true;
         // The graphics device is gone (a driver was updated, say): the slower way still works.
         texturePtr.reset();
@@ -159,11 +159,10 @@ POINT Screen::FrameFromWindow(POINT point) const {
     return PictureFromArea(pixel, frameSize, shownBefore ? shownAt : PlacePicture(frameSize, output, fullscreen));
 }
 
-double Screen::BlankRate() const {
-    if (!waitsForBlank) return 0.0;
+double Screen::DisplayRate() const {
     SDL_DisplayMode mode{};
-    if (SDL_GetCurrentDisplayMode(std::max(0, SDL_GetWindowDisplayIndex(windowPtr.get())), &mode) != 0) return 0.0;
-    return mode.refresh_rate;
+    const int display = std::max(0, SDL_GetWindowDisplayIndex(windowPtr.get()));
+    return SDL_GetCurrentDisplayMode(display, &mode) == 0 ? mode.refresh_rate : 0.0;
 }
 
 void Screen::ChooseWay() {

@@ -29,8 +29,8 @@ public:
     void SetIcon(WORD resourceId);
     /// Fills the whole screen, or goes back to the window as it was before.
     bool SetFullscreen(bool fill);
-    /// Shows the frame; with `waitForBlank` the driver may wait for the display's blank. False if nothing can be shown
-    /// any more.
+    /// Shows the frame; with `waitForBlank` the driver may wait for the display's blank, unless that comes too seldom.
+    /// False if nothing can be shown any more.
     bool Present(const FrameView& frame, bool waitForBlank);
     /// Shows the last frame again, after other windows have covered it.
     void ShowAgain();
@@ -44,7 +44,7 @@ public:
     /// The pixel of the frame under a point of the window.
     POINT FrameFromWindow(POINT point) const;
     /// How often per second presenting waits for the display's blank; 0 if it does not.
-    double BlankRate() const;
+    double BlankRate() const { return waitsForBlank ? DisplayRate() : 0.0; }
     SDL_Window* Handle() const { return windowPtr.get(); }
 
 private:
@@ -56,6 +56,7 @@ private:
     };
 
     void ChooseWay();
+    double DisplayRate() const;
     bool PresentTexture(const FrameView& frame);
     bool PresentSurface(const FrameView& frame);
     bool ShowTexture();

@@ -13,9 +13,6 @@
 
 using platform::LoopbackMedia;
 
-// The synthesiser brings a library along that synchronises in ways the thread sanitizer cannot see.
-extern "C" const char* __tsan_default_suppressions() { return "race:libgomp\n"; }
-
 namespace {
 /// Tests are not heard, and need no device.
 [[maybe_unused]] const int inaudible = setenv("ALSOFT_DRIVERS", "null", 1);

@@ -1,4 +1,4 @@
-// What the sanitizers cannot know about the font library, which is not built with them.
+// What the sanitizers cannot know about libraries that are not built with them.
 
 extern "C" {
 
@@ -9,6 +9,7 @@ const char* __tsan_default_suppressions();
 // recognised as such: the same few bytes however many texts are drawn.
 const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
 
-// It reads that configuration in a thread of its own, and hands it over with locks that are not seen.
-const char* __tsan_default_suppressions() { return "race:libfontconfig\nrace:libpango"; }
+// The font library reads that configuration in a thread of its own, and hands it over with locks that are not seen; so
+// does the library that the synthesiser brings along.
+const char* __tsan_default_suppressions() { return "race:libfontconfig\nrace:libpango\nrace:libgomp"; }
 }

@@ -62,10 +62,27 @@ void BoxIndex::Block::Set(std::size_t slot, const Box& box, std::uint32_t number
     numbers[slot] = number;
 }
 
+unsigned BoxIndex::Block::Touching(const Box& box) const {
+    // Two loops, in a function of their own: so compilers make the first one compare many at once.
+    const float boxLeft = box.left;
+    const float boxTop = box.top;
+    const float boxRight = box.right;
+    const float boxBottom = box.bottom;
+    std::array<int, size> touches;
+    for (std::size_t i = 0; i < size; ++i)
+        touches[i] = (left[i] <= boxRight) & (right[i] >= boxLeft) & (top[i] <= boxBottom) & (bottom[i] >= boxTop);
+    unsigned bits = 0;
+    for (std::size_t i = 0; i < size; ++i) bits |= static_cast<unsigned>(touches[i]) << i;
+    return bits;
+}
+
 void BoxIndex::Lay(const Box& area, float cellSize) {
     left = area.left;
     top = area.top;
-    cellsPerUnit = cellSize > 0.0F ? 1.0F / cellSize : 0.0F;
-    columns = static_cast<std::uint32_t>((area.right - area.left) * cellsPerUnit) + 1;
-    rows = static_cast<std::uint32_t>((area.bottom - area.top) * cellsPerUnit) + 1;
+    columns = rows = 1;
+    cellsPerUnit = 0.0F;
+    if (!std::isnormal(cellSize)) return; // no size, or one out of reach of the numbers
+    cellsPerUnit = 1.0F / cellSize;
+    columns += static_cast<std::uint32_t>((area.right - area.left) * cellsPerUnit);
+    rows += static_cast<std::uint32_t>((area.bottom - area.top) * cellsPerUnit);
 }

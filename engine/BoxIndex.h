@@ -57,16 +57,8 @@ private:
         static constexpr std::size_t size = 8;
         Block();
         void Set(std::size_t slot, const Box& box, std::uint32_t number);
-        /// One bit for each box.
-        unsigned Touching(const Box& box) const {
-            unsigned bits = 0;
-            for (unsigned slot = 0; slot < size; ++slot) {
-                const bool touches = (left[slot] <= box.right) & (right[slot] >= box.left) & (top[slot] <= box.bottom) &
-                                     (bottom[slot] >= box.top);
-                bits |= touches ? 1U << slot : 0U;
-            }
-            return bits;
-        }
+        /// One bit for each box that touches.
+        unsigned Touching(const Box& box) const;
 
         std::array<float, size> left;
         std::array<float, size> top;
@@ -85,9 +77,10 @@ private:
     };
 
     void Lay(const Box& area, float cellSize);
-    /// Beyond the grid the cells at its edge stand in.
+    /// Beyond the grid the cells at its edge stand in, and where all is one cell, that one.
     std::uint32_t CellAt(float distance, std::uint32_t count) const {
-        return static_cast<std::uint32_t>(std::clamp(distance * cellsPerUnit, 0.0F, static_cast<float>(count - 1)));
+        return static_cast<std::uint32_t>(
+            std::max(0.0F, std::min(static_cast<float>(count - 1), distance * cellsPerUnit)));
     }
     CellRange CellsOf(const Box& box) const {
         return {CellAt(box.left - left, columns), CellAt(box.top - top, rows), CellAt(box.right - left, columns),
@@ -103,7 +96,7 @@ private:
     std::size_t boxCount = 0;
     float left = 0.0F;
     float top = 0.0F;
-    float cellsPerUnit = 0.0F;
+    float cellsPerUnit = 0.0F; ///< 0 if all is one cell
     std::uint32_t columns = 1;
     std::uint32_t rows = 1;
     std::vector<std::uint32_t> cellBegins; ///< each cell's first block; one more at the end

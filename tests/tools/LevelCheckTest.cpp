@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <sys/wait.h>
+#include <unistd.h>
 
 using testing::HasSubstr;
 using testing::Not;
@@ -38,7 +38,7 @@ Report CheckLevel(const std::filesystem::path& folder, const std::filesystem::pa
 /// A copy of the level that a test may spoil; gone when the test ends.
 class SpoiledLevel {
 public:
-    SpoiledLevel() : folder(std::filesystem::temp_directory_path() / ("level_check_" + std::to_string(std::rand()))) {
+    SpoiledLevel() : folder(std::filesystem::temp_directory_path() / ("level_check_" + std::to_string(getpid()))) {
         std::filesystem::create_directories(folder / "art");
         std::filesystem::copy("Resources", folder / "Resources", std::filesystem::copy_options::recursive);
         std::filesystem::copy("art/palette.txt", folder / "art" / "palette.txt");

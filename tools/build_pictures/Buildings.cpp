@@ -21,7 +21,7 @@ std::uint32_t StoneAt(const Palette& palette, int x, int y, double shade, int se
     const int inY = y % course;
     const double own = Chance(shifted / length, row, seed + 1);
     const double dark = shade + 0.35 * (own - 0.5);
-    if (inX == 0 || inY == 0) return palette[dark > 0.55 ? "wood0" : "mist0"];
+    if (inX == 0 || inY == 0) return palette[dark > 0.55 ? "sky0" : "mist0"];
     if ((inX == 1 || inY == 1) && dark < 0.4) return palette["sky3"];
     return palette[dark > 0.62 ? "mist0" : dark > 0.22 ? "mist1" : "sky3"];
 }
@@ -31,7 +31,7 @@ std::uint32_t PlasterAt(const Palette& palette, int x, int y, double shade, int 
     const int row = y / 7;
     const int shifted = x + (row & 1) * 6;
     const bool showing = Chance(shifted / 12, row, seed) < 0.16;
-    if (showing && (y % 7 == 6 || shifted % 12 == 11)) return palette[shade > 0.6 ? "wood0" : "mist0"];
+    if (showing && (y % 7 == 6 || shifted % 12 == 11)) return palette[shade > 0.6 ? "sky0" : "mist0"];
     if (showing && y % 7 == 0) return palette[shade > 0.6 ? "mist1" : "sky4"];
     const double dithered = shade + (Dither(x, y, 0.5) ? 0.05 : -0.05);
     return palette[dithered > 0.78 ? "mist0" : dithered > 0.46 ? "mist1" : dithered > 0.2 ? "sky3" : "sky4"];
@@ -80,7 +80,7 @@ void PaintColumn(Picture& picture, const Palette& palette, int x, int footY, int
             const char* tone = drum                     ? "mist0"
                                : y == top               ? "sky3"
                                : px == left             ? "mist0"
-                               : px == left + width - 1 ? "wood0"
+                               : px == left + width - 1 ? "sky0"
                                : flute                  ? "mist0"
                                : across < 0.42          ? "sky3"
                                : across < 0.72          ? "mist1"

@@ -38,7 +38,8 @@ std::optional<Picture> LoadPicture(const std::string& path);
 /// Decodes the bytes of a picture file held in memory.
 std::optional<Picture> DecodePicture(std::span<const unsigned char> bytes);
 
-/// Writes a PNG with alpha. False if the file cannot be written.
+/// Writes a PNG with alpha; an opaque picture of few colours with a palette, which decodes several times as fast. False
+/// if the file cannot be written.
 bool SavePng(const std::string& path, const Picture& picture);
 
 /// Writes a 24-bit BMP; alpha is dropped, so pass opaque pixels. False if the file cannot be written.

@@ -1,10 +1,16 @@
 #include "platform/Picture.h"
 
+#include "platform/Pixel.h"
+
 #include <SDL2/SDL.h>
 #include <SDL2/SDL_image.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
 #include <memory>
+#include <mutex>
+#include <new>
 
 namespace platform {
 
@@ -19,17 +25,9 @@ struct SurfaceDeleter {
 };
 using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
 
-/// Rounded product of two channels.
-std::uint32_t Scale(std::uint32_t channel, std::uint32_t alpha) {
-    const std::uint32_t product = channel * alpha + 128;
-    return (product + (product >> 8)) >> 8;
-}
-
 std::uint32_t Premultiplied(std::uint32_t pixel) {
     const std::uint32_t alpha = pixel >> 24;
-    if (alpha == 255) return pixel;
-    return alpha << 24 | Scale(pixel >> 16 & 255, alpha) << 16 | Scale(pixel >> 8 & 255, alpha) << 8 |
-           Scale(pixel & 255, alpha);
+    return alpha == 255 ? pixel : ScaledPixel(pixel | 0xFF000000U, alpha);
 }
 
 std::uint32_t Straight(std::uint32_t pixel) {
@@ -39,22 +37,134 @@ std::uint32_t Straight(std::uint32_t pixel) {
     return alpha << 24 | channel(pixel >> 16 & 255) << 16 | channel(pixel >> 8 & 255) << 8 | channel(pixel & 255);
 }
 
+bool IsSane(std::int64_t width, std::int64_t height) {
+    return width > 0 && height > 0 && width <= maxSide && height <= maxSide && width * height <= maxPixels;
+}
+
+/// Whether the size that the file states can be taken seriously. A few wrong bytes in a header ask for many gigabytes,
+/// and the decoder would first try to get them. Formats other than the usual two are looked at after decoding.
+bool StatesSaneSize(SDL_RWops* streamPtr) {
+    std::array<std::uint8_t, 26> head = {};
+    const Sint64 start = SDL_RWtell(streamPtr);
+    SDL_RWread(streamPtr, head.data(), 1, head.size()); // what a short file lacks stays 0
+    if (SDL_RWseek(streamPtr, start, RW_SEEK_SET) != start) return false;
+    const auto number = [&](std::size_t at, int bytes, bool bigEndian) {
+        std::uint32_t value = 0;
+        for (int index = 0; index < bytes; ++index) {
+            const auto place = static_cast<std::size_t>(bigEndian ? index : bytes - 1 - index);
+            value = value << 8 | head[at + place];
+        }
+        return static_cast<std::int32_t>(value);
+    };
+    if (head[0] == 'B' && head[1] == 'M') {
+        constexpr int oldHeader = 12; // its sizes have two bytes; later ones four, and a negative height counts down
+        if (number(14, 4, false) == oldHeader) return IsSane(number(18, 2, false), number(20, 2, false));
+        return IsSane(number(18, 4, false), std::abs(static_cast<std::int64_t>(number(22, 4, false))));
+    }
+    if (head[0] == 0x89 && head[1] == 'P') return IsSane(number(16, 4, true), number(20, 4, true));
+    return true;
+}
+
+/// Pictures may be decoded on several threads, but the decoders' own start-up may not run twice at once. The
+/// descriptions of the usual pixel formats, which all surfaces share, are made here too, and so outlive every thread.
+void PrepareDecoders() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        IMG_Init(IMG_INIT_PNG | IMG_INIT_JPG);
+        for (const Uint32 format : {SDL_PIXELFORMAT_ARGB8888, SDL_PIXELFORMAT_RGBA32, SDL_PIXELFORMAT_RGB24,
+                                    SDL_PIXELFORMAT_BGR24, SDL_PIXELFORMAT_RGB888}) {
+            SDL_AllocFormat(format);
+        }
+    });
+}
+
+/// Straight 0xAARRGGBB pixels, wherever the picture keeps them; false if the format cannot be converted.
+bool CopyStraight(SDL_Surface& surface, Picture& picture) {
+    SurfacePtr convertedPtr;
+    SDL_Surface* sourcePtr = &surface;
+    if (SDL_ISPIXELFORMAT_INDEXED(surface.format->format) || SDL_HasColorKey(&surface) == SDL_TRUE) {
+        convertedPtr.reset(SDL_ConvertSurfaceFormat(&surface, SDL_PIXELFORMAT_ARGB8888, 0));
+        if (!convertedPtr) return false;
+        sourcePtr = convertedPtr.get();
+    }
+    return SDL_ConvertPixels(picture.width, picture.height, sourcePtr->format->format, sourcePtr->pixels,
+                             sourcePtr->pitch, SDL_PIXELFORMAT_ARGB8888, picture.pixels.data(),
+                             picture.width * static_cast<int>(sizeof(std::uint32_t))) == 0;
+}
+
+/// An opaque picture with a palette needs only a look-up: the level's picture is one, and a player waits for it.
+bool CopyByPalette(const SDL_Surface& surface, Picture& picture) {
+    const SDL_Palette* palettePtr = surface.format->palette;
+    if (surface.format->format != SDL_PIXELFORMAT_INDEX8 || palettePtr == nullptr) return false;
+    std::array<std::uint32_t, 256> colours = {};
+    for (int index = 0; index < std::min(palettePtr->ncolors, 256); ++index) {
+        const SDL_Color& colour = palettePtr->colors[index];
+        if (colour.a != 255) return false;
+        colours[static_cast<std::size_t>(index)] = 0xFF000000U | static_cast<std::uint32_t>(colour.r) << 16 |
+                                                   static_cast<std::uint32_t>(colour.g) << 8 | colour.b;
+    }
+    for (int y = 0; y < picture.height; ++y) {
+        const auto* rowPtr =
+            static_cast<const std::uint8_t*>(surface.pixels) + static_cast<std::ptrdiff_t>(y) * surface.pitch;
+        std::transform(rowPtr, rowPtr + picture.width, &picture.At(0, y),
+                       [&](std::uint8_t index) { return colours[index]; });
+    }
+    return true;
+}
+
 std::optional<Picture> Decode(SDL_RWops* streamPtr) {
     if (streamPtr == nullptr) return std::nullopt;
-    const SurfacePtr decodedPtr(IMG_Load_RW(streamPtr, 1));
-    if (!decodedPtr || decodedPtr->w <= 0 || decodedPtr->h <= 0 || decodedPtr->w > maxSide || decodedPtr->h > maxSide ||
-        static_cast<std::int64_t>(decodedPtr->w) * decodedPtr->h > maxPixels) {
+    if (!StatesSaneSize(streamPtr)) {
+        SDL_RWclose(streamPtr);
         return std::nullopt;
     }
-    const SurfacePtr surfacePtr(SDL_ConvertSurfaceFormat(decodedPtr.get(), SDL_PIXELFORMAT_ARGB8888, 0));
-    if (!surfacePtr) return std::nullopt;
-    Picture picture(surfacePtr->w, surfacePtr->h);
-    for (int y = 0; y < picture.height; ++y) {
-        const auto* rowPtr = reinterpret_cast<const std::uint32_t*>(
-            static_cast<const std::uint8_t*>(surfacePtr->pixels) + static_cast<std::ptrdiff_t>(y) * surfacePtr->pitch);
-        std::transform(rowPtr, rowPtr + picture.width, &picture.At(0, y), Premultiplied);
+    PrepareDecoders();
+    const SurfacePtr surfacePtr(IMG_Load_RW(streamPtr, 1));
+    if (!surfacePtr || !IsSane(surfacePtr->w, surfacePtr->h)) return std::nullopt;
+    try {
+        Picture picture(surfacePtr->w, surfacePtr->h);
+        const bool hasColorKey = SDL_HasColorKey(surfacePtr.get()) == SDL_TRUE;
+        if (!hasColorKey && CopyByPalette(*surfacePtr, picture)) return picture;
+        if (!CopyStraight(*surfacePtr, picture)) return std::nullopt;
+        for (std::uint32_t& pixel : picture.pixels) pixel = Premultiplied(pixel);
+        return picture;
+    } catch (const std::bad_alloc&) { return std::nullopt; }
+}
+
+/// The straight colours of an opaque picture, sorted; nothing if there are more than a palette holds.
+std::optional<std::vector<std::uint32_t>> PaletteOf(const Picture& picture) {
+    constexpr std::size_t largestPalette = 256;
+    std::vector<std::uint32_t> colours;
+    for (const std::uint32_t pixel : picture.pixels) {
+        if (pixel >> 24 != 255) return std::nullopt;
+        const auto place = std::lower_bound(colours.begin(), colours.end(), pixel);
+        if (place != colours.end() && *place == pixel) continue;
+        if (colours.size() == largestPalette) return std::nullopt;
+        colours.insert(place, pixel);
     }
-    return picture;
+    return colours;
+}
+
+/// One byte a pixel; `colours` must be sorted and hold every pixel's.
+SurfacePtr MakeIndexedSurface(const Picture& picture, const std::vector<std::uint32_t>& colours) {
+    SurfacePtr surfacePtr(SDL_CreateRGBSurfaceWithFormat(0, picture.width, picture.height, 8, SDL_PIXELFORMAT_INDEX8));
+    if (!surfacePtr) return nullptr;
+    std::array<SDL_Color, 256> entries;
+    entries.fill({0, 0, 0, 255}); // unused, but one that is transparent would cost the reader its quick way
+    std::transform(colours.begin(), colours.end(), entries.begin(), [](std::uint32_t colour) {
+        return SDL_Color{static_cast<Uint8>(colour >> 16), static_cast<Uint8>(colour >> 8), static_cast<Uint8>(colour),
+                         255};
+    });
+    SDL_SetPaletteColors(surfacePtr->format->palette, entries.data(), 0, static_cast<int>(entries.size()));
+    for (int y = 0; y < picture.height; ++y) {
+        auto* rowPtr =
+            static_cast<std::uint8_t*>(surfacePtr->pixels) + static_cast<std::ptrdiff_t>(y) * surfacePtr->pitch;
+        for (int x = 0; x < picture.width; ++x) {
+            rowPtr[x] = static_cast<std::uint8_t>(std::lower_bound(colours.begin(), colours.end(), picture.At(x, y)) -
+                                                  colours.begin());
+        }
+    }
+    return surfacePtr;
 }
 
 SurfacePtr MakeSurface(const Picture& picture, Uint32 format) {
@@ -81,7 +191,9 @@ std::optional<Picture> DecodePicture(std::span<const unsigned char> bytes) {
 }
 
 bool SavePng(const std::string& path, const Picture& picture) {
-    const SurfacePtr surfacePtr = MakeSurface(picture, SDL_PIXELFORMAT_ARGB8888);
+    const auto colours = PaletteOf(picture);
+    const SurfacePtr surfacePtr =
+        colours ? MakeIndexedSurface(picture, *colours) : MakeSurface(picture, SDL_PIXELFORMAT_ARGB8888);
     return surfacePtr && IMG_SavePNG(surfacePtr.get(), path.c_str()) == 0;
 }
 

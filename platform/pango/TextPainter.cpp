@@ -1,5 +1,7 @@
 #include "platform/pango/TextPainter.h"
 
+#include "platform/Unicode.h"
+
 #include <pango/pangocairo.h>
 
 #include <algorithm>
@@ -32,23 +34,6 @@ public:
         return std::make_unique<TextFormat>(family, size);
     }
 };
-
-/// UTF-8; characters that do not exist become the replacement character.
-std::string ToUtf8(std::wstring_view text) {
-    std::string result;
-    result.reserve(text.size());
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        auto character = static_cast<gunichar>(text[index]);
-        // where a wide character has 16 bits, two of them may make one
-        if (sizeof(wchar_t) == 2 && (character & 0xFC00U) == 0xD800U && index + 1 < text.size()) {
-            character = 0x10000U + ((character & 0x3FFU) << 10) + (static_cast<gunichar>(text[++index]) & 0x3FFU);
-        }
-        if (!g_unichar_validate(character) || character == 0) character = 0xFFFDU;
-        char bytes[6];
-        result.append(bytes, static_cast<std::size_t>(g_unichar_to_utf8(character, bytes)));
-    }
-    return result;
-}
 
 template <auto release>
 struct Releaser {
@@ -117,7 +102,8 @@ private:
 
         pango_layout_set_width(layoutPtr.get(), static_cast<int>(width * PANGO_SCALE));
         pango_layout_set_wrap(layoutPtr.get(), PANGO_WRAP_WORD_CHAR);
-        const std::string bytes = ToUtf8(text);
+        std::string bytes = ToUtf8(text);
+        std::replace(bytes.begin(), bytes.end(), '\0', ' '); // the library would take the text to end there
         pango_layout_set_text(layoutPtr.get(), bytes.data(), static_cast<int>(bytes.size()));
         return {std::wstring(text), format.family, format.size, width, std::move(layoutPtr)};
     }

@@ -10,6 +10,6 @@ const char* __tsan_default_suppressions();
 const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
 
 // The font library reads that configuration in a thread of its own, and hands it over with locks that are not seen; so
-// does the library that the synthesiser brings along.
-const char* __tsan_default_suppressions() { return "race:libfontconfig\nrace:libpango\nrace:libgomp"; }
+// do the library that the synthesiser brings along and the one that mixes sound.
+const char* __tsan_default_suppressions() { return "race:libfontconfig\nrace:libpango\nrace:libgomp\nrace:libopenal"; }
 }

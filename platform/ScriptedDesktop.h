@@ -49,6 +49,10 @@ public:
 
     /// Called with the number of every presented frame.
     std::function<void(int frame, const FrameView& view)> onFrame;
+    /// Called for every message box, besides recording it.
+    std::function<void(const Box& box)> onBox;
+    /// When set, called for every media command instead of recording it.
+    std::function<void(std::wstring_view text)> onMediaCommand;
     /// When set, called for every debug line instead of recording it.
     std::function<void(std::wstring_view text)> onDebugString;
 

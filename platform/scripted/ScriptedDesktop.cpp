@@ -62,7 +62,11 @@ public:
         : desktop(recordingDesktop), playerPtr(MakeSilentMedia(recordingDesktop)) {}
 
     DWORD Send(std::wstring_view command, std::wstring* replyPtr, HWND notifyWindow) override {
-        desktop.mediaCommands.push_back({desktop.frame, std::wstring(command)});
+        if (desktop.onMediaCommand) {
+            desktop.onMediaCommand(command);
+        } else {
+            desktop.mediaCommands.push_back({desktop.frame, std::wstring(command)});
+        }
         return playerPtr->Send(command, replyPtr, notifyWindow);
     }
     void Suspend(bool suspend) override { playerPtr->Suspend(suspend); }
@@ -107,6 +111,7 @@ bool ScriptedDesktop::Present(HWND, const FrameView& view, bool) {
 
 void ScriptedDesktop::MessageBox(std::wstring_view text, std::wstring_view caption) {
     boxes.push_back({std::wstring(text), std::wstring(caption)});
+    if (onBox) onBox(boxes.back());
 }
 
 void ScriptedDesktop::OutputDebugString(std::wstring_view text) {

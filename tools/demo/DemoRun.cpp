@@ -2,7 +2,9 @@
 
 #include "engine/GameEngine.h"
 #include "game/Quillfen.h"
+#include "platform/Unicode.h"
 
+#include <cstdio>
 #include <iostream>
 #include <memory>
 #include <utility>
@@ -37,6 +39,9 @@ int RunDemo(const Demo& demo,
     }
     desktop.End(demo.endFrame);
     desktop.onDebugString = [](std::wstring_view) {};
+    desktop.onBox = [](const platform::ScriptedDesktop::Box& box) {
+        std::fprintf(stderr, "message: %s\n", platform::ToUtf8(box.text).c_str());
+    };
     desktop.onFrame = [&](int frame, const platform::FrameView& view) { onFrame(desktop, frame, view); };
     platform::Desktop::Use(std::move(desktopPtr));
 

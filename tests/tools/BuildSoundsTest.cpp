@@ -70,6 +70,7 @@ TEST_F(BuildSounds, NamesFileAndLineOfWhatIsWrong) {
         {oneTrack + "phrase a\n  c4:1 |\nsection s bars 2\n  t: a\n", ":8: ", "1 bars instead of 2"},
         {oneTrack + "section s\n  t: nowhere\n", ":6: ", "no phrase named 'nowhere'"},
         {oneTrack + "section s\n  u: rest\n", ":6: ", "no track named 'u'"},
+        {oneTrack + "section s bars 1000\n  t: rest*1000\norder s\n", ":7: ", "longer than 15 minutes"},
         {"use missing.txt\n", "missing.txt:0: ", "cannot be read"},
         {"use x.score\n", "x.score:1: ", "circle"},
         {oneTrack, "x.score:", "plays nothing"},

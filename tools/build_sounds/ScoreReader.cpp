@@ -17,6 +17,7 @@ namespace {
 using Words = std::vector<std::string_view>;
 
 constexpr std::string_view blanks = " \t\r";
+constexpr double longestSeconds = 900.0; // a slip of the pen shall not fill the memory
 constexpr double accent = 1.35;
 constexpr double ghost = 0.55;
 
@@ -494,6 +495,9 @@ private:
         for (std::size_t i = 1; i < words.size(); ++i) {
             const Section& section = Find(sections, words[i], "section");
             const double beatSeconds = 60.0 / section.tempo;
+            if (playedSeconds + section.beats * beatSeconds > longestSeconds) {
+                Fail("the score lasts longer than 15 minutes");
+            }
             for (const auto& [track, uses] : section.parts) {
                 double beat = 0.0;
                 for (const Use& use : uses) {

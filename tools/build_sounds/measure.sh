@@ -30,7 +30,7 @@ for file in "$sounds"/*.mp3; do
     if [ -n "$pictures" ]; then
         mkdir -p "$pictures"
         ffmpeg -v error -y -i "$file" -filter_complex \
-            'aformat=channel_layouts=stereo,showwavespic=s=900x160:split_channels=1:colors=#2fa0a8|#c98b27' \
+            'aformat=channel_layouts=mono,showwavespic=s=900x120:colors=#1a6b86:filter=peak' \
             -frames:v 1 "$pictures/$name.png"
     fi
 done

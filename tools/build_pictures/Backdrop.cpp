@@ -88,27 +88,38 @@ void PaintSlope(Picture& picture, const Ridge& ridge, int x) {
     }
 }
 
-/// Tree tops in rows, those further down in front.
+/// One round tree of a wood, and the dark of the wood below it down to row `bottom`.
+void PaintCrown(Picture& picture, const Ridge& ridge, double middle, double top, double radius) {
+    const int left = std::max(ridge.from, static_cast<int>(std::ceil(middle - radius)));
+    const int right = std::min(ridge.to - 1, static_cast<int>(std::floor(middle + radius)));
+    for (int x = left; x <= right; ++x) {
+        const double dx = (x - middle) / radius;
+        for (int y = static_cast<int>(std::ceil(top - radius)); y < ridge.bottom; ++y) {
+            const double dy = (y - top) / radius;
+            const double frayed = 0.93 + 0.14 * Chance(x / 2, y / 2, ridge.seed + 4);
+            if (dx * dx + dy * dy < frayed * frayed) {
+                const double leaf = Chance(x / 2 + y / 2 % 2, y / 2, ridge.seed + 5) - 0.5;
+                const double light = -(0.6 * dx + 0.8 * dy) + 0.3 * leaf;
+                Dot(picture, x, y, light > 0.5 ? ridge.light : light > -0.3 ? ridge.mid : ridge.dark);
+            } else if (dy > 0.0 && std::abs(dx) < 0.8) {
+                Dot(picture, x, y, Dither(x, y, 0.35) ? ridge.mid : ridge.dark);
+            }
+        }
+    }
+}
+
+/// Trees in rows, those further down in front; in a row every other one stands before its neighbours.
 void PaintWoods(Picture& picture, const Ridge& ridge) {
-    constexpr int step = 12;
+    constexpr int step = 13;
     for (int row = 0; row < 4; ++row) {
-        for (int x = ridge.from - step; x < ridge.to + step; x += step) {
-            const int cell = x / step;
-            const double lift = Chance(cell, row, ridge.seed);
-            const double radius = 8.0 + 5.0 * Chance(cell, row, ridge.seed + 1) + row;
-            const double middle = x + row * 4 + 5.0 * (Chance(cell, row, ridge.seed + 2) - 0.5);
-            const double top =
-                ridge.top + ridge.swing * Wave(x, ridge.period, ridge.seed + 3) + row * 9 + 5.0 * lift + radius;
-            for (int px = std::max(ridge.from, static_cast<int>(middle - radius));
-                 px <= std::min(ridge.to - 1.0, middle + radius); ++px) {
-                const double dx = (px - middle) / radius;
-                const double half = radius * 1.15 * std::sqrt(std::max(0.0, 1.0 - dx * dx));
-                for (int y = static_cast<int>(top - half); y < ridge.bottom; ++y) {
-                    const double dy = (y - top) / (radius * 1.15);
-                    const double light =
-                        -(0.6 * dx + 0.8 * dy) + 0.34 * (Chance(px / 2 + y / 2 % 2, y / 2, ridge.seed + 4) - 0.5);
-                    Dot(picture, px, y, light > 0.62 ? ridge.light : light > -0.3 ? ridge.mid : ridge.dark);
-                }
+        for (int parity = 0; parity < 2; ++parity) {
+            for (int cell = ridge.from / step - 1; cell * step < ridge.to + step; ++cell) {
+                if ((cell & 1) != parity) continue;
+                const double radius = 7.0 + 5.0 * Chance(cell, row, ridge.seed + 1);
+                const double middle = cell * step + row * 5 + 6.0 * (Chance(cell, row, ridge.seed + 2) - 0.5);
+                const double top = ridge.top + ridge.swing * Wave(middle, ridge.period, ridge.seed + 3) + row * 11 +
+                                   7.0 * Chance(cell, row, ridge.seed) + parity * 3 + radius;
+                PaintCrown(picture, ridge, middle, top, radius);
             }
         }
     }

@@ -101,7 +101,7 @@ void PaintFruit(Picture& picture, double centreX, double centreY, double radiusX
     for (int i = 0; i < count; ++i) {
         // spread like the seeds of a sunflower: even, but never in rows
         const double angle = 2.39996 * i + 6.28 * Chance(0, 0, seed);
-        const double out = std::sqrt((i + 0.5) / count) * 0.95;
+        const double out = std::sqrt((i + 0.5) / count) * 0.82;
         const int x = static_cast<int>(centreX + radiusX * out * std::cos(angle) + 3.0 * (Chance(i, 1, seed) - 0.5));
         const int y = static_cast<int>(centreY + radiusY * out * std::sin(angle) + 3.0 * (Chance(i, 2, seed) - 0.5));
         Box(picture, x, y, x + size, y + size, colour);

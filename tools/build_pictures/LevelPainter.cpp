@@ -15,9 +15,6 @@ using platform::Picture;
 
 namespace {
 
-constexpr int levelWidth = 3392;
-constexpr int levelHeight = 448;
-constexpr int overworldBottom = 224;
 constexpr int castleFrontX = 3272; // where the game draws the castle's front
 
 } // namespace

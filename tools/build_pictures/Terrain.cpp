@@ -9,9 +9,7 @@
 
 namespace pictures {
 
-Terrain::Terrain(const std::string& path, int levelWidth, int levelHeight)
-    : width(levelWidth), height(levelHeight),
-      solid(static_cast<std::size_t>(levelWidth) * static_cast<std::size_t>(levelHeight)) {
+Terrain::Terrain(const std::string& path) : solid(static_cast<std::size_t>(levelWidth) * levelHeight) {
     std::ifstream stream(path);
     const std::string text((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
     const auto fail = [&](const std::string& fault) { throw SourceError(path, 0, fault); };
@@ -44,13 +42,12 @@ Terrain::Terrain(const std::string& path, int levelWidth, int levelHeight)
 }
 
 bool Terrain::IsSolid(int x, int y) const {
-    const auto column = static_cast<std::size_t>(std::clamp(x, 0, width - 1));
-    const auto row = static_cast<std::size_t>(std::clamp(y, 0, height - 1));
-    return solid[row * static_cast<std::size_t>(width) + column] != 0;
+    const auto column = static_cast<std::size_t>(std::clamp(x, 0, levelWidth - 1));
+    const auto row = static_cast<std::size_t>(std::clamp(y, 0, levelHeight - 1));
+    return solid[row * levelWidth + column] != 0;
 }
 
 int Terrain::GroundAt(int x) const {
-    constexpr int overworldBottom = 224;
     int y = overworldBottom;
     while (y > 0 && IsSolid(x, y - 1)) --y;
     return y;
@@ -64,7 +61,8 @@ int Terrain::DepthFrom(int x, int y, int stepX, int stepY, int limit) const {
 
 bool Terrain::SaveOutline(const std::string& path) const {
     std::ofstream stream(path);
-    stream << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\"" << height << "\">\n"
+    stream << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << levelWidth << "\" height=\"" << levelHeight
+           << "\">\n"
            << "  <path d=\"";
     for (const std::vector<Corner>& figure : figures) {
         for (std::size_t i = 0; i < figure.size(); ++i) {
@@ -77,7 +75,7 @@ bool Terrain::SaveOutline(const std::string& path) const {
 }
 
 void Terrain::Fill() {
-    for (int y = 0; y < height; ++y) {
+    for (int y = 0; y < levelHeight; ++y) {
         std::vector<double> crossings;
         const double middle = y + 0.5;
         for (const std::vector<Corner>& figure : figures) {
@@ -90,9 +88,9 @@ void Terrain::Fill() {
         }
         std::sort(crossings.begin(), crossings.end());
         for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
-            for (int x = 0; x < width; ++x) {
+            for (int x = 0; x < levelWidth; ++x) {
                 if (x + 0.5 < crossings[i] || x + 0.5 >= crossings[i + 1]) continue;
-                solid[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)] = 1;
+                solid[static_cast<std::size_t>(y) * levelWidth + static_cast<std::size_t>(x)] = 1;
             }
         }
     }

@@ -6,11 +6,15 @@
 
 namespace pictures {
 
+constexpr int levelWidth = 3392;
+constexpr int levelHeight = 448;
+constexpr int overworldBottom = 224; // the underground room lies below
+
 /// What is solid in the level, read from a drawing whose first path has only straight edges.
 class Terrain {
 public:
-    /// Reads the outline of `path` for a level of `width` x `height` pixels; throws SourceError.
-    Terrain(const std::string& path, int width, int height);
+    /// Reads the outline of `path`; throws SourceError.
+    explicit Terrain(const std::string& path);
 
     /// Is the pixel in column `x`, row `y` solid? Beyond the level's edges the nearest pixel answers.
     bool IsSolid(int x, int y) const;
@@ -31,8 +35,6 @@ private:
 
     void Fill();
 
-    int width;
-    int height;
     std::vector<std::vector<Corner>> figures;
     std::vector<std::uint8_t> solid;
 };

@@ -1,4 +1,5 @@
 #include "tools/build_pictures/Actors.h"
+#include "tools/build_pictures/ContactSheet.h"
 #include "tools/build_pictures/LevelPainter.h"
 #include "tools/build_pictures/SpriteSource.h"
 #include "tools/build_pictures/Terrain.h"
@@ -10,16 +11,15 @@ using namespace pictures;
 
 namespace {
 
-constexpr int levelWidth = 3392;
-constexpr int levelHeight = 448;
-
 void Save(const std::filesystem::path& path, const platform::Picture& picture) {
     const bool saved = path.extension() == ".bmp" ? platform::SaveBmp(path.string(), picture)
                                                   : platform::SavePng(path.string(), picture);
     if (!saved) throw std::runtime_error(path.string() + ": cannot be written");
 }
 
-void Build(const std::filesystem::path& art, const std::filesystem::path& resources) {
+/// `show`: a folder for pictures of everything together; none when empty.
+void Build(const std::filesystem::path& art, const std::filesystem::path& resources,
+           const std::filesystem::path& show) {
     const Palette palette((art / "palette.txt").string());
     const std::filesystem::path images = resources / "Images";
     std::filesystem::create_directories(images);
@@ -27,15 +27,17 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& resour
     std::filesystem::create_directories(files);
 
     std::map<std::string, SpriteSource> sources;
+    std::map<std::string, platform::Picture> sheets;
     for (const auto& entry : std::filesystem::directory_iterator(art / "sprites")) {
         const SpriteSource& source =
             sources.emplace(entry.path().stem().string(), SpriteSource(entry.path().string(), palette)).first->second;
         for (const auto& [name, sheet] : source.Sheets()) {
             Save(name.starts_with("icon-") ? art / "icons" / name : images / name, sheet);
+            sheets[name] = sheet;
         }
     }
 
-    const Terrain terrain((art / "level" / "terrain.svg").string(), levelWidth, levelHeight);
+    const Terrain terrain((art / "level" / "terrain.svg").string());
     if (!terrain.SaveOutline((images / "World1-1_Collision.svg").string())) {
         throw std::runtime_error("the outline cannot be written");
     }
@@ -45,15 +47,26 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& resour
     painter.Read((art / "level" / "scene.txt").string());
     Save(images / "World1-1.png", painter.Level());
     Save(images / "CastleHalf.png", painter.CastleFront());
+
+    if (show.empty()) return;
+    std::filesystem::create_directories(show);
+    Save(show / "level.png", ShowLevel(painter.Level(), sheets));
+    Save(show / "sheets.png", ShowSheets(sheets, palette["haze1"]));
 }
 
 } // namespace
 
-/// Makes every picture, the outline and the data files under Resources/ from the sources in art/. Runs in the root
-/// folder.
-int main() {
+/// build_pictures [--show FOLDER]: makes every picture, the outline and the data files under Resources/ from the
+/// sources in art/. Runs in the root folder. With a FOLDER it also puts there the whole level and all sheets, to look
+/// at.
+int main(int argc, char** argv) {
+    const bool shows = argc == 3 && std::string(argv[1]) == "--show";
+    if (argc != 1 && !shows) {
+        std::cerr << "usage: build_pictures [--show FOLDER]\n";
+        return 2;
+    }
     try {
-        Build("art", "Resources");
+        Build("art", "Resources", shows ? argv[2] : "");
     } catch (const std::exception& fault) {
         std::cerr << fault.what() << '\n';
         return 2;

@@ -42,10 +42,10 @@ public:
     /// A decimal number after any spaces: sign, digits, point, exponent.
     double ReadNumber() {
         SkipSpaces();
-        std::string_view number = rest;
-        if (number.starts_with('+')) number.remove_prefix(1);
-        const std::string_view digits = number.substr(number.starts_with('-') && number.size() == rest.size() ? 1 : 0);
-        const bool isNumber = !digits.empty() && (IsDigit(digits.front()) || digits.front() == '.');
+        const bool hasPlus = rest.starts_with('+'); // from_chars knows only the other sign
+        const std::string_view number = rest.substr(hasPlus ? 1 : 0);
+        const std::string_view digits = number.substr(!hasPlus && number.starts_with('-') ? 1 : 0);
+        const bool isNumber = !digits.empty() && (IsDigit(digits.front()) || digits.front() == '.'); // not "inf"
         double value = 0.0;
         const char* const end = number.data() + number.size();
         const auto [numberEnd, error] = std::from_chars(number.data(), end, value);

@@ -33,15 +33,7 @@ RECT2 BoundsOf(const ID2D1Geometry& geometry) {
     return {bounds.left, bounds.top, bounds.right, bounds.bottom};
 }
 
-/// Volatile, because GCC 12 loses the rounding where it narrows and widens two numbers side by side.
-double ToSinglePrecision(double value) {
-    const volatile float rounded = static_cast<float>(value);
-    return rounded;
-}
-
-MATRIX3X2 SinglePrecisionTranslation(DOUBLE2 by) {
-    return MATRIX3X2::CreateTranslationMatrix(ToSinglePrecision(by.x), ToSinglePrecision(by.y));
-}
+MATRIX3X2 SinglePrecisionTranslation(DOUBLE2 by) { return MATRIX3X2::CreateTranslationMatrix(by.ToPoint2F()); }
 
 } // namespace
 

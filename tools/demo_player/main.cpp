@@ -172,6 +172,7 @@ int Play(const Options& options) {
     const int exitCode =
         RunDemo(demo, [&](platform::ScriptedDesktop& desktop, int frame, const platform::FrameView& view) {
             if (options.timesDemo) timer.Count(frame);
+            if (!trace.is_open()) desktop.onMediaCommand = [](std::wstring_view) {}; // nobody will ask for them
             if (trace.is_open()) {
                 line.clear();
                 AppendTraceLine(line, frame, desktop.mediaCommands);

@@ -19,7 +19,7 @@ double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::n
 /// up.
 class DevicePlayer : public MediaPlayer {
 public:
-    DevicePlayer() : mixer(SoundDevice::OpenDefault, [this] { Wake(); }), thread([this] { Work(); }) {}
+    DevicePlayer() : mixer(Now, SoundDevice::OpenDefault, [this] { Wake(); }), thread([this] { Work(); }) {}
 
     ~DevicePlayer() override {
         {
@@ -49,7 +49,7 @@ private:
         while (!stopping) {
             hasNews = false;
             lock.unlock();
-            const bool somethingPlays = mixer.DoRound(Now());
+            const bool somethingPlays = mixer.DoRound();
             lock.lock();
             const auto mustGoOn = [this] { return hasNews || stopping; };
             if (somethingPlays) {

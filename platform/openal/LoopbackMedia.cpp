@@ -15,6 +15,7 @@ class OpenAlLoopback : public LoopbackMedia {
 public:
     explicit OpenAlLoopback(Desktop& timingDesktop) : desktop(timingDesktop) {
         auto ownedPtr = std::make_unique<Mixer>(
+            [this] { return static_cast<double>(desktop.Counter()) * desktop.SecondsPerCount(); },
             [this] { return pluggedIn ? SoundDevice::OpenLoopback(samplesPerSecond) : nullptr; }, [] {});
         mixerPtr = ownedPtr.get();
         commandsPtr = MakeMedia(desktop, std::move(ownedPtr));
@@ -25,13 +26,13 @@ public:
     }
     void Suspend(bool suspend) override { commandsPtr->Suspend(suspend); }
     void Update() override {
-        mixerPtr->DoRound(Now());
+        mixerPtr->DoRound();
         commandsPtr->Update();
     }
 
     void Render(std::span<float> samples) override {
         while (!samples.empty()) {
-            mixerPtr->DoRound(Now());
+            mixerPtr->DoRound();
             const std::span<float> next = samples.first(std::min(samples.size(), samplesPerRound));
             if (SoundDevice* const devicePtr = mixerPtr->DevicePtr()) {
                 devicePtr->Render(next);
@@ -48,8 +49,6 @@ public:
     }
 
 private:
-    double Now() const { return static_cast<double>(desktop.Counter()) * desktop.SecondsPerCount(); }
-
     Desktop& desktop;
     bool pluggedIn = true;
     std::unique_ptr<MediaInterface> commandsPtr;

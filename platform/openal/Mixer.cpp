@@ -49,8 +49,8 @@ private:
     std::shared_ptr<Channel> channelPtr;
 };
 
-Mixer::Mixer(DeviceOpener deviceOpener, std::function<void()> orderListener)
-    : openDevice(std::move(deviceOpener)), onOrder(std::move(orderListener)) {}
+Mixer::Mixer(Clock silentClock, DeviceOpener deviceOpener, std::function<void()> orderListener)
+    : readClock(std::move(silentClock)), openDevice(std::move(deviceOpener)), onOrder(std::move(orderListener)) {}
 
 Mixer::~Mixer() { CloseDevice(); }
 
@@ -69,11 +69,12 @@ void Mixer::Suspend(bool suspend) {
     onOrder();
 }
 
-bool Mixer::DoRound(double now) {
+bool Mixer::DoRound() {
     TakeOrders();
     const bool somethingPlays = SomethingPlays();
-    if (somethingPlays) KeepDevice(now);
+    if (somethingPlays) KeepDevice();
     if (devicePtr) devicePtr->MakeCurrent();
+    const double now = readClock(); // opening a device can take long: what played meanwhile has gone on
     for (const auto& channelPtr : served) Serve(*channelPtr, now);
     PublishEnds();
     return somethingPlays;
@@ -115,14 +116,19 @@ bool Mixer::SomethingPlays() const {
     });
 }
 
-void Mixer::KeepDevice(double now) {
+void Mixer::KeepDevice() {
+    const double now = readClock();
     if (devicePtr && !devicePtr->IsConnected()) {
         CloseDevice(); // what played goes on from where it was, on the new default device or on the clock
         nextAttempt = now;
     }
     if (devicePtr || now < nextAttempt) return;
     devicePtr = openDevice();
-    attemptPause = devicePtr || attemptPause == 0.0 ? firstPause : std::min(2.0 * attemptPause, longestPause);
+    if (devicePtr) {
+        attemptPause = 0.0;
+    } else {
+        attemptPause = std::clamp(2.0 * attemptPause, firstPause, longestPause);
+    }
     nextAttempt = now + attemptPause;
 }
 

@@ -17,10 +17,12 @@ namespace platform {
 class Mixer : public MediaPlayer {
 public:
     using DeviceOpener = std::function<std::unique_ptr<SoundDevice>()>;
+    using Clock = std::function<double()>; // seconds
 
-    /// `deviceOpener` may answer null; it is asked again, less and less often, for as long as something plays.
-    /// `orderListener` is told, on the ordering thread, that a round has something new to do.
-    Mixer(DeviceOpener deviceOpener, std::function<void()> orderListener);
+    /// `silentClock` keeps the time of what no device plays. `deviceOpener` may answer null; it is asked again, less
+    /// and less often, for as long as something plays. `orderListener` is told, on the ordering thread, that a round
+    /// has something new to do.
+    Mixer(Clock silentClock, DeviceOpener deviceOpener, std::function<void()> orderListener);
     ~Mixer() override;
 
     // The ordering thread
@@ -30,9 +32,8 @@ public:
 
     // The thread that does the rounds
 
-    /// Follows the orders; `now` is the clock in seconds. True if something plays, and rounds have to go on every few
-    /// hundredths of a second.
-    bool DoRound(double now);
+    /// Follows the orders. True if something plays, and rounds have to go on every few hundredths of a second.
+    bool DoRound();
     /// Gives everything back that belongs to the device. The next round may open it again.
     void CloseDevice();
     /// The open device, or null.
@@ -62,11 +63,12 @@ private:
     void TakeOrders();
     void PublishEnds();
     bool SomethingPlays() const;
-    void KeepDevice(double now);
+    void KeepDevice();
     void Serve(Channel& channel, double now);
     void StartSource(Channel& channel, double from);
     std::shared_ptr<const SoundClip> ClipOf(const Channel& channel) const;
 
+    const Clock readClock;
     const DeviceOpener openDevice;
     const std::function<void()> onOrder;
 

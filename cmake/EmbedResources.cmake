@@ -17,8 +17,8 @@ function(quillfen_embed_resources target)
     add_custom_command(
         OUTPUT ${generated}
         COMMAND ${CMAKE_COMMAND} -DOUTPUT=${generated} -DRESOURCES=${encoded} -DBASE=${CMAKE_CURRENT_SOURCE_DIR}
-                -P ${PROJECT_SOURCE_DIR}/cmake/WriteResources.cmake
-        DEPENDS ${dependencies} ${PROJECT_SOURCE_DIR}/cmake/WriteResources.cmake
+                -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/WriteResources.cmake
+        DEPENDS ${dependencies} ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/WriteResources.cmake
         COMMENT "Embedding the resources of ${target}"
         VERBATIM)
     target_sources(${target} PRIVATE ${generated})

@@ -2,6 +2,7 @@
 
 #include "engine/HitRegion.h"
 
+#define BOOST_ALLOW_DEPRECATED_HEADERS // the library includes some itself and would say so
 #include <boost/geometry.hpp>
 #include <boost/geometry/index/rtree.hpp>
 #include <boost/iterator/function_output_iterator.hpp>

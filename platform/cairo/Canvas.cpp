@@ -201,7 +201,7 @@ public:
     void DrawBitmap(const ID2D1Bitmap& bitmap, D2D1_RECT_F destination, float opacity,
                     D2D1_BITMAP_INTERPOLATION_MODE mode, D2D1_RECT_F source) override {
         if (!isDrawing) return;
-        const auto placement = Placement::Make(source, destination, mat);
+        const auto placement = Placement::Make(source, bitmap.GetPixelSize(), destination, mat);
         if (!placement) return;
         compositor.Draw(static_cast<const SpriteBitmap&>(bitmap), *placement, ToChannel(opacity),
                         mode == D2D1_BITMAP_INTERPOLATION_MODE_LINEAR);

@@ -1,6 +1,5 @@
 #include "platform/canvas/Compositor.h"
 
-#include "platform/Pixel.h"
 #include "platform/canvas/Spans.h"
 
 #include <algorithm>
@@ -17,32 +16,6 @@ constexpr int bandBytes = 32 * 1024; // a first-level cache
 bool Contains(const RECT& outer, const RECT& inner) {
     return outer.left <= inner.left && outer.top <= inner.top && outer.right >= inner.right &&
            outer.bottom >= inner.bottom;
-}
-
-/// The two picture pixels on either side of a point, and how far the point is, in 1/256, from the first to the second.
-struct Neighbours {
-    Neighbours(const PictureAxis& axis, double offset, int size) {
-        const double position = axis.start + offset - 0.5;
-        const double before = std::floor(position);
-        const double low = std::max(0.0, std::floor(axis.start));
-        const double high = std::min<double>(size, std::ceil(axis.start + axis.length)) - 1.0;
-        first = static_cast<int>(std::clamp(before, low, high));
-        second = static_cast<int>(std::clamp(before + 1.0, low, high));
-        fraction = static_cast<std::uint32_t>(std::lround((position - before) * 256.0));
-    }
-    int first;
-    int second;
-    std::uint32_t fraction;
-};
-
-/// Linear sampling that never looks outside the part that is drawn, so a cell of a sheet does not show its neighbour.
-std::uint32_t LinearPixel(const SpriteBitmap& bitmap, const Placement& placement, double column, double row) {
-    const POINT size = bitmap.GetPixelSize();
-    const Neighbours x(placement.columns, column, size.x);
-    const Neighbours y(placement.rows, row, size.y);
-    const Picture& picture = bitmap.GetPicture();
-    return BlendedPixel(picture.At(x.first, y.first), picture.At(x.second, y.first), picture.At(x.first, y.second),
-                        picture.At(x.second, y.second), x.fraction, y.fraction);
 }
 
 } // namespace
@@ -75,10 +48,9 @@ void Compositor::Draw(const SpriteBitmap& bitmap, const Placement& placement, st
     command.opacity = opacity;
     command.linear = linear;
     if (placement.IsAxisParallel() && (!linear || placement.IsPixelForPixel()) && !generalPathOnly) {
-        const POINT size = bitmap.GetPixelSize();
         command.action = Action::paintCells;
-        command.columns = ColumnSteps(placement, frame.width, size.x, lookups);
-        command.rows = RowSteps(placement, frame.height, size.y, lookups);
+        command.columns = ColumnSteps(placement, frame.width, lookups);
+        command.rows = RowSteps(placement, frame.height, lookups);
         command.bounds = {command.columns.begin, command.rows.begin, command.columns.end, command.rows.end};
         command.hidesAll = opacity == 255 && bitmap.IsOpaque();
     } else {
@@ -251,25 +223,35 @@ void Compositor::PaintByLookup(const Command& command, int pictureRow, int y, in
     }
 }
 
-/// Asks every pixel in question where it lies in the picture.
+/// Asks for every covered pixel where it lies in the picture.
 void Compositor::PaintAnyhow(const Command& command, int top, int bottom) {
     const Placement& placement = placements[command.placement];
-    const SpriteBitmap& bitmap = *command.bitmapPtr;
-    const POINT size = bitmap.GetPixelSize();
+    const Picture& picture = command.bitmapPtr->GetPicture();
+    const bool blends = command.opacity != 255 || !command.bitmapPtr->IsOpaque();
     for (int y = top; y < bottom; ++y) {
-        std::uint32_t* rowPtr = Row(y);
-        for (int x = command.bounds.left; x < command.bounds.right; ++x) {
-            const double column = placement.ColumnOffset(x + 0.5, y + 0.5);
-            const double row = placement.RowOffset(x + 0.5, y + 0.5);
-            if (!placement.columns.Covers(column) || !placement.rows.Covers(row)) continue;
-            const double pictureX = placement.columns.PixelAt(column);
-            const double pictureY = placement.rows.PixelAt(row);
-            if (!(pictureX >= 0.0 && pictureY >= 0.0 && pictureX < size.x && pictureY < size.y)) continue;
-            const std::uint32_t pixel =
-                command.linear ? LinearPixel(bitmap, placement, column, row)
-                               : bitmap.GetPicture().At(static_cast<int>(pictureX), static_cast<int>(pictureY));
-            rowPtr[x] = Over(ScaledPixel(pixel, command.opacity), rowPtr[x]);
+        const PixelSpan span = placement.CoveredSpan(y, command.bounds.left, command.bounds.right);
+        if (span.IsEmpty()) continue;
+        std::uint32_t* rowPtr = Row(y) + span.begin;
+        std::uint32_t* pixelPtr = blends ? line.data() : rowPtr;
+        const int width = span.end - span.begin;
+        for (int index = 0; index < width; ++index) {
+            const double x = span.begin + index + 0.5;
+            const double column = placement.ColumnOffset(x, y + 0.5);
+            const double row = placement.RowOffset(x, y + 0.5);
+            if (command.linear) {
+                const auto across = placement.columns.NeighboursAt(column);
+                const auto down = placement.rows.NeighboursAt(row);
+                pixelPtr[index] =
+                    BlendedPixel(picture.At(across.first, down.first), picture.At(across.second, down.first),
+                                 picture.At(across.first, down.second), picture.At(across.second, down.second),
+                                 across.fraction, down.fraction);
+            } else {
+                pixelPtr[index] = picture.At(placement.columns.PixelAt(column), placement.rows.PixelAt(row));
+            }
         }
+        if (!blends) continue;
+        if (command.opacity != 255) ScalePixels(line.data(), width, command.opacity);
+        BlendPixels(line.data(), width, rowPtr);
     }
 }
 

@@ -1,6 +1,5 @@
 #include "platform/canvas/Placement.h"
 
-#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 
@@ -10,36 +9,38 @@ namespace {
 
 constexpr int maxScale = 256;
 
-/// The first frame pixel, inside a frame of `length`, whose centre is not left of `edge`.
+/// The first pixel of a line of `length` whose centre is not before `edge`.
 int FirstPixel(double edge, int length) {
     return static_cast<int>(std::clamp(std::ceil(edge - 0.5), 0.0, static_cast<double>(length)));
+}
+
+/// `estimate`, corrected to exactly those pixels between `left` and `right` that are covered; they are all neighbours.
+/// Rounding puts an estimate one pixel off at most, unless the numbers are beyond all reason.
+template <class IsCovered>
+PixelSpan Corrected(PixelSpan estimate, int left, int right, const IsCovered& isCovered) {
+    PixelSpan span = {std::clamp(estimate.begin, left, right), std::clamp(estimate.end, left, right)};
+    while (span.begin > left && isCovered(span.begin - 1)) --span.begin;
+    while (span.begin < span.end && !isCovered(span.begin)) ++span.begin;
+    span.end = std::max(span.end, span.begin);
+    while (span.end < right && isCovered(span.end)) ++span.end;
+    while (span.begin < span.end && !isCovered(span.end - 1)) --span.end;
+    return span;
 }
 
 /// `offsetAt` gives the part's coordinate at a frame pixel's centre; part coordinate t lies at frame origin + t *
 /// scale.
 template <class OffsetAt>
 AxisSteps MakeSteps(const PictureAxis& axis, const OffsetAt& offsetAt, double origin, double scale, int frameLength,
-                    int pictureLength, std::vector<int>& lookups) {
-    const auto isShown = [&](int position) {
-        const double offset = offsetAt(position);
-        if (!axis.Covers(offset)) return false;
-        const double pixel = axis.PixelAt(offset);
-        return pixel >= 0.0 && pixel < pictureLength;
-    };
-    const auto pixelAt = [&](int position) { return static_cast<int>(axis.PixelAt(offsetAt(position))); };
-
-    // The ends of the part, or of the picture if the part reaches beyond it; rounding may have put them one pixel off.
-    const double near = std::max(0.0, -axis.start);
-    const double far = std::min(axis.length, pictureLength - axis.start);
+                    std::vector<int>& lookups) {
+    const bool ascends = axis.Ascends();
     AxisSteps steps;
-    steps.direction = axis.ascends ? 1 : -1;
-    steps.begin = FirstPixel(origin + (axis.ascends ? near : far) * scale, frameLength);
-    steps.end = FirstPixel(origin + (axis.ascends ? far : near) * scale, frameLength);
-    while (steps.begin > 0 && isShown(steps.begin - 1)) --steps.begin;
-    while (steps.begin < steps.end && !isShown(steps.begin)) ++steps.begin;
-    while (steps.end < frameLength && isShown(steps.end)) ++steps.end;
-    while (steps.begin < steps.end && !isShown(steps.end - 1)) --steps.end;
+    static_cast<PixelSpan&>(steps) =
+        Corrected({FirstPixel(origin + (ascends ? axis.Low() : axis.High()) * scale, frameLength),
+                   FirstPixel(origin + (ascends ? axis.High() : axis.Low()) * scale, frameLength)},
+                  0, frameLength, [&](int position) { return axis.Covers(offsetAt(position)); });
     if (steps.IsEmpty()) return steps;
+    const auto pixelAt = [&](int position) { return axis.PixelAt(offsetAt(position)); };
+    steps.direction = ascends ? 1 : -1;
     steps.first = pixelAt(steps.begin);
     steps.last = pixelAt(steps.end - 1);
 
@@ -49,7 +50,7 @@ AxisSteps MakeSteps(const PictureAxis& axis, const OffsetAt& offsetAt, double or
     const double whole = std::round(size);
     if (whole >= 1.0 && whole <= maxScale) {
         constexpr double margin = 1e-6;
-        const double edge = origin + (steps.first + (axis.ascends ? 0 : 1) - axis.start) * scale - 0.5;
+        const double edge = origin + axis.EdgeBefore(steps.first) * scale - 0.5;
         const double distance = edge - std::floor(edge);
         const double drift = (size - whole) * ((steps.end - steps.begin) / whole + 2.0);
         if (std::min(distance, distance + drift) > margin && std::max(distance, distance + drift) < 1.0 - margin) {
@@ -63,75 +64,110 @@ AxisSteps MakeSteps(const PictureAxis& axis, const OffsetAt& offsetAt, double or
     return steps;
 }
 
-} // namespace
-
-double PictureAxis::PixelAt(double offset) const {
-    const double pixel = ascends ? std::floor(start + offset) : std::ceil(start + offset) - 1.0;
-    return std::clamp(pixel, std::floor(start), std::ceil(start + length) - 1.0);
+/// The frame pixels x, less than `limit`, at which first + x * slope lies about where the axis covers it.
+PixelSpan Estimate(const PictureAxis& axis, double first, double slope, int limit) {
+    if (slope == 0.0) return axis.Covers(first) ? PixelSpan{0, limit} : PixelSpan{};
+    const double low = (axis.Low() - first) / slope + 0.5;
+    const double high = (axis.High() - first) / slope + 0.5;
+    return {FirstPixel(std::min(low, high), limit), FirstPixel(std::max(low, high), limit)};
 }
 
-std::optional<Placement> Placement::Make(D2D1_RECT_F source, D2D1_RECT_F destination,
+} // namespace
+
+PictureAxis::PictureAxis(double partStart, double end, int pictureLength, bool grows)
+    : start(partStart), low(std::max(0.0, -start)), high(std::min(end, static_cast<double>(pictureLength)) - start),
+      ascends(grows), firstPixel(0), lastPixel(0) {
+    if (IsEmpty()) return;
+    firstPixel = static_cast<int>(std::max(0.0, start));
+    lastPixel = static_cast<int>(std::ceil(std::min(end, static_cast<double>(pictureLength)))) - 1;
+}
+
+std::optional<Placement> Placement::Make(D2D1_RECT_F source, POINT size, D2D1_RECT_F destination,
                                          const D2D1_MATRIX_3X2_F& transform) {
-    Placement placement;
-    placement.columns.start = source.left;
-    placement.columns.length = static_cast<double>(source.right) - source.left;
-    placement.rows.start = source.top;
-    placement.rows.length = static_cast<double>(source.bottom) - source.top;
-    const double width = static_cast<double>(destination.right) - destination.left;
-    const double height = static_cast<double>(destination.bottom) - destination.top;
+    const double scaleX =
+        (static_cast<double>(destination.right) - destination.left) / (static_cast<double>(source.right) - source.left);
+    const double scaleY =
+        (static_cast<double>(destination.bottom) - destination.top) / (static_cast<double>(source.bottom) - source.top);
     // written so that what is no number fails as well
-    if (!(placement.columns.length > 0.0 && placement.rows.length > 0.0 && width > 0.0 && height > 0.0)) {
+    if (!(source.left < source.right && source.top < source.bottom && scaleX > 0.0 && scaleY > 0.0)) {
         return std::nullopt;
     }
-    const double scaleX = width / placement.columns.length;
-    const double scaleY = height / placement.rows.length;
-    placement.m11 = scaleX * transform.m11;
-    placement.m12 = scaleX * transform.m12;
-    placement.m21 = scaleY * transform.m21;
-    placement.m22 = scaleY * transform.m22;
-    placement.dx = static_cast<double>(destination.left) * transform.m11 +
-                   static_cast<double>(destination.top) * transform.m21 + transform.dx;
-    placement.dy = static_cast<double>(destination.left) * transform.m12 +
-                   static_cast<double>(destination.top) * transform.m22 + transform.dy;
-    placement.determinant = placement.m11 * placement.m22 - placement.m12 * placement.m21;
-    for (const double number : {placement.m11, placement.m12, placement.m21, placement.m22, placement.dx, placement.dy,
-                                placement.columns.start, placement.rows.start, placement.columns.length,
-                                placement.rows.length, placement.determinant}) {
+    const double m11 = scaleX * transform.m11;
+    const double m12 = scaleX * transform.m12;
+    const double m21 = scaleY * transform.m21;
+    const double m22 = scaleY * transform.m22;
+    const double dx = static_cast<double>(destination.left) * transform.m11 +
+                      static_cast<double>(destination.top) * transform.m21 + transform.dx;
+    const double dy = static_cast<double>(destination.left) * transform.m12 +
+                      static_cast<double>(destination.top) * transform.m22 + transform.dy;
+    const double determinant = m11 * m22 - m12 * m21;
+    for (const double number : {m11, m12, m21, m22, dx, dy, determinant}) {
         if (!std::isfinite(number)) return std::nullopt;
     }
-    if (placement.determinant == 0.0) return std::nullopt;
-    const bool positive = placement.determinant > 0.0;
-    placement.columns.ascends = (placement.m22 != 0.0 ? placement.m22 > 0.0 : placement.m21 < 0.0) == positive;
-    placement.rows.ascends = (placement.m11 != 0.0 ? placement.m11 > 0.0 : placement.m12 < 0.0) == positive;
+    if (determinant == 0.0) return std::nullopt;
+    const bool positive = determinant > 0.0;
+    const bool columnsGrow = (m22 != 0.0 ? m22 > 0.0 : m21 < 0.0) == positive;
+    const bool rowsGrow = (m11 != 0.0 ? m11 > 0.0 : m12 < 0.0) == positive;
+    const Placement placement = {m11,
+                                 m12,
+                                 m21,
+                                 m22,
+                                 dx,
+                                 dy,
+                                 determinant,
+                                 PictureAxis(source.left, source.right, size.x, columnsGrow),
+                                 PictureAxis(source.top, source.bottom, size.y, rowsGrow)};
+    if (placement.columns.IsEmpty() || placement.rows.IsEmpty()) return std::nullopt;
     return placement;
 }
 
 bool Placement::IsPixelForPixel() const {
     const auto isWhole = [](double number) { return number == std::floor(number); };
     return IsAxisParallel() && std::abs(m11) == 1.0 && std::abs(m22) == 1.0 && isWhole(dx) && isWhole(dy) &&
-           isWhole(columns.start) && isWhole(rows.start);
+           isWhole(columns.EdgeBefore(0)) && isWhole(rows.EdgeBefore(0));
 }
 
 RECT Placement::Bounds(int width, int height) const {
-    const double right = columns.length;
-    const double bottom = rows.length;
-    const auto [left, rightmost] = std::minmax({0.0, right * m11, bottom * m21, right * m11 + bottom * m21});
-    const auto [top, lowest] = std::minmax({0.0, right * m12, bottom * m22, right * m12 + bottom * m22});
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
+    bool isFirst = true;
+    for (const double column : {columns.Low(), columns.High()}) {
+        for (const double row : {rows.Low(), rows.High()}) {
+            const double x = column * m11 + row * m21 + dx;
+            const double y = column * m12 + row * m22 + dy;
+            left = isFirst ? x : std::min(left, x);
+            top = isFirst ? y : std::min(top, y);
+            right = isFirst ? x : std::max(right, x);
+            bottom = isFirst ? y : std::max(bottom, y);
+            isFirst = false;
+        }
+    }
     // one pixel more on each side: rounding here must not lose what the exact question would cover
-    return {FirstPixel(dx + left - 1.0, width), FirstPixel(dy + top - 1.0, height),
-            FirstPixel(dx + rightmost + 1.0, width), FirstPixel(dy + lowest + 1.0, height)};
+    return {FirstPixel(left - 1.0, width), FirstPixel(top - 1.0, height), FirstPixel(right + 1.0, width),
+            FirstPixel(bottom + 1.0, height)};
 }
 
-AxisSteps ColumnSteps(const Placement& placement, int frameWidth, int pictureWidth, std::vector<int>& lookups) {
+PixelSpan Placement::CoveredSpan(int y, int left, int right) const {
+    const PixelSpan byColumn = Estimate(columns, ColumnOffset(0.5, y + 0.5), m22 / determinant, right);
+    const PixelSpan byRow = Estimate(rows, RowOffset(0.5, y + 0.5), -m12 / determinant, right);
+    return Corrected(
+        {std::max(byColumn.begin, byRow.begin), std::min(byColumn.end, byRow.end)}, left, right, [&](int x) {
+            return columns.Covers(ColumnOffset(x + 0.5, y + 0.5)) && rows.Covers(RowOffset(x + 0.5, y + 0.5));
+        });
+}
+
+AxisSteps ColumnSteps(const Placement& placement, int frameWidth, std::vector<int>& lookups) {
     return MakeSteps(
         placement.columns, [&](int x) { return placement.ColumnOffset(x + 0.5, 0.0); }, placement.dx, placement.m11,
-        frameWidth, pictureWidth, lookups);
+        frameWidth, lookups);
 }
 
-AxisSteps RowSteps(const Placement& placement, int frameHeight, int pictureHeight, std::vector<int>& lookups) {
+AxisSteps RowSteps(const Placement& placement, int frameHeight, std::vector<int>& lookups) {
     return MakeSteps(
         placement.rows, [&](int y) { return placement.RowOffset(0.0, y + 0.5); }, placement.dy, placement.m22,
-        frameHeight, pictureHeight, lookups);
+        frameHeight, lookups);
 }
 
 } // namespace platform

@@ -33,8 +33,8 @@ void ScalePixels(std::uint32_t* pixelsPtr, int count, std::uint32_t factor);
 /// Paints `source` over `target`.
 void BlendPixels(const std::uint32_t* sourcePtr, int count, std::uint32_t* targetPtr);
 
-/// The four pixels blended by the fractions, 0 to 256, of the way to the right and down.
+/// The four pixels blended by the fractions, 0 to 128, of the way to the right and down.
 std::uint32_t BlendedPixel(std::uint32_t topLeft, std::uint32_t topRight, std::uint32_t bottomLeft,
-                           std::uint32_t bottomRight, std::uint32_t right, std::uint32_t down);
+                           std::uint32_t bottomRight, int right, int down);
 
 } // namespace platform

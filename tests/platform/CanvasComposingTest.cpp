@@ -72,7 +72,7 @@ TEST(CanvasComposing, TheQuickAndTheGeneralPathPaintTheSamePixels) {
             const D2D1_MATRIX_3X2_F transform = {scale(), 0.0F, 0.0F, scale(), shift(), shift()};
             const float left = Between(random, -4.0F, 40.0F);
             const D2D1_RECT_F source = {left, 3.0F, left + 20.0F, 20.0F};
-            const auto placement = platform::Placement::Make(source, {1.25F, 0.0F, 21.25F, 17.0F}, transform);
+            const auto placement = platform::Placement::Make(source, {70, 30}, {1.25F, 0.0F, 21.25F, 17.0F}, transform);
             ASSERT_TRUE(placement);
             const std::uint32_t opacity = count == 0 ? 100 : 255;
             quick.Draw(bitmap, *placement, opacity, false);

@@ -26,7 +26,7 @@ Compositor::Compositor(const FrameMemory& target)
       line(static_cast<std::size_t>(target.width)) {
     // more than a busy frame of the usual size asks for, so that not even the first of its kind has to grow the lists
     commands.reserve(512);
-    placements.reserve(64);
+    placements.reserve(512);
     lookups.reserve(16 * 1024);
     bandCommands.reserve(16 * 1024);
     bandBegins.reserve(static_cast<std::size_t>(frame.height / bandHeight) + 2);

@@ -125,6 +125,8 @@ void Audio::Create(Format const& format) {
     std::wstring reply;
     Send(String(L"status ") + alias + L" length", &reply);
     duration = String(reply.c_str()).ToInteger();
+    constexpr std::size_t usualQueue = 4; // commands; so many are queued in a frame without an allocation
+    commandQueue.reserve(usualQueue);
 
     platform::Window description;
     description.className = L"STATIC";

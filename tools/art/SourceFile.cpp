@@ -24,6 +24,7 @@ std::string SourceFile::RawLine() {
     std::string line;
     if (!std::getline(stream, line)) Fail("the file ends inside a grid");
     ++lineNumber;
+    if (line.ends_with('\r')) line.pop_back(); // from an editor that ends lines in two characters
     return line;
 }
 

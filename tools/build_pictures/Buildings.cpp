@@ -115,9 +115,9 @@ void PaintWall(Picture& picture, const Palette& palette, int left, int footY, in
             }
             const double across = (x - left) / static_cast<double>(width);
             Dot(picture, x, y,
-                y == top || x == left   ? palette["sky3"]
-                : x == left + width - 1 ? palette["mist0"]
-                                        : StoneAt(palette, x, y, 0.15 + 0.55 * across, seed));
+                y == top || x == left || x == left + width - 1 ? palette["mist0"]
+                : y == top + 1                                 ? palette["sky4"]
+                                                               : StoneAt(palette, x, y, 0.15 + 0.55 * across, seed));
         }
     }
 }

@@ -52,7 +52,7 @@ void Ground::Paint(platform::Picture& picture) const {
             if (!terrain.IsSolid(x, y)) continue;
             const Spot spot{x,
                             y,
-                            terrain.DepthFrom(x, y, 0, -1, 96),
+                            DepthBelowTop(x, y),
                             terrain.DepthFrom(x, y, 0, 1, far),
                             terrain.DepthFrom(x, y, -1, 0, far),
                             terrain.DepthFrom(x, y, 1, 0, far)};
@@ -68,6 +68,16 @@ void Ground::Paint(platform::Picture& picture) const {
             }
         }
     }
+}
+
+/// Pixels from the top of the ground down to here. What stands on the ground counts as air.
+int Ground::DepthBelowTop(int x, int y) const {
+    int depth = terrain.DepthFrom(x, y, 0, -1, 96);
+    for (const Region& region : regions) {
+        const bool above = x >= region.left && x < region.right && y >= region.bottom;
+        if (region.material == Material::log && above) depth = std::min(depth, y - region.bottom + 1);
+    }
+    return depth;
 }
 
 Ground::Region Ground::RegionAt(int x, int y) const {

@@ -42,6 +42,7 @@ private:
     /// A tone from 0, the darkest of the material, to 4; or one of the greens 5 (dark) to 8 (light).
     using Tone = int;
 
+    int DepthBelowTop(int x, int y) const;
     /// Earth everywhere where nothing else was set.
     Region RegionAt(int x, int y) const;
     static Tone Earth(const Spot& spot);

@@ -86,6 +86,9 @@ TEST(BuildPictures, NamesFileAndLineOfAFault) {
     const Case cases[] = {
         {"palette.txt", "extra1 ffffff\n", "palette.txt:65: more than 48 colours"},
         {"level/scene.txt", "bush 100\n", "the width is missing"},
+        {"level/scene.txt", "tree 100 0 20 near bark\n", "the height must be at least 1"},
+        {"level/scene.txt", "mood 10 sky1 20\n", "the moods come first"},
+        {"level/scene.txt", "grass 0 999999999 30 6 leaf1 haze0\n", "far outside of the picture"},
         {"level/scene.txt", "box 0 0 9 9 earth2\n", "earth2 is kept for solids"},
         {"level/actors.txt", "skreel here\n", "x must be a whole number, not here"},
         {"sprites/things.txt", "part torn\noo\n", "the file ends inside a grid"},

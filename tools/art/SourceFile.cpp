@@ -37,10 +37,18 @@ std::string SourceFile::Word(const std::string& what) {
 }
 
 int SourceFile::Number(const std::string& what) {
+    constexpr int farAway = 10000;
     const std::string word = Word(what);
     int value = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
     if (error != std::errc() || end != word.data() + word.size()) Fail(what + " must be a whole number, not " + word);
+    if (value < -farAway || value > farAway) Fail(what + " is far outside of the picture: " + word);
+    return value;
+}
+
+int SourceFile::Size(const std::string& what) {
+    const int value = Number(what);
+    if (value < 1) Fail(what + " must be at least 1");
     return value;
 }
 

@@ -18,7 +18,10 @@ public:
     bool More();
     /// The next word of the line; `what` says in the fault what is missing.
     std::string Word(const std::string& what);
+    /// A whole number; one far outside of any picture is a fault.
     int Number(const std::string& what);
+    /// A number of pixels that something is wide, high or apart: at least 1.
+    int Size(const std::string& what);
     [[noreturn]] void Fail(const std::string& fault) const;
 
 private:

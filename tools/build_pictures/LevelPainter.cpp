@@ -24,73 +24,34 @@ LevelPainter::LevelPainter(const Palette& usedPalette, const Terrain& usedTerrai
       level(levelWidth, levelHeight, usedPalette["ink0"]), castleFront(levelWidth - castleFrontX, 200) {}
 
 void LevelPainter::Read(const std::string& path) {
+    using Order = void (LevelPainter::*)(SourceFile&);
+    static const std::map<std::string, Order> orders = {
+        {"tones", &LevelPainter::ReadToneNames},  {"ridge", &LevelPainter::ReadRidge},
+        {"cloud", &LevelPainter::ReadCloud},      {"tree", &LevelPainter::ReadTree},
+        {"bush", &LevelPainter::ReadBush},        {"grass", &LevelPainter::ReadGrass},
+        {"column", &LevelPainter::ReadColumn},    {"wall", &LevelPainter::ReadWall},
+        {"tower", &LevelPainter::ReadTower},      {"prop", &LevelPainter::ReadProp},
+        {"box", &LevelPainter::ReadBox},          {"cave", &LevelPainter::ReadCave},
+        {"glow", &LevelPainter::ReadGlow},        {"fort", &LevelPainter::ReadFort},
+        {"material", &LevelPainter::ReadMaterial}};
+
     SourceFile file(path);
     bool skyPainted = false;
     while (file.NextLine()) {
-        const std::string order = file.Word("an order");
-        if (order == "mood") {
+        const std::string name = file.Word("an order");
+        if (name == "mood") {
+            if (skyPainted) file.Fail("the moods come first");
             ReadMood(file);
             continue;
         }
-        if (!skyPainted && order != "tones") {
-            if (moods.empty()) file.Fail("the scene needs a mood first");
+        const auto order = orders.find(name);
+        if (order == orders.end()) file.Fail("unknown order " + name);
+        if (!skyPainted) {
+            if (moods.empty()) file.Fail("the scene begins with a mood");
             PaintSky(level, moods, overworldBottom);
             skyPainted = true;
         }
-        if (order == "tones") {
-            const std::string name = file.Word("a name");
-            Tones& read = tones[name];
-            for (std::uint32_t* tonePtr : {&read.outline, &read.dark, &read.mid, &read.light, &read.glow}) {
-                *tonePtr = ReadColour(file);
-            }
-        } else if (order == "ridge") {
-            ReadRidge(file);
-        } else if (order == "cloud") {
-            const int x = file.Number("x");
-            const int y = file.Number("y");
-            const int width = file.Number("the width");
-            PaintCloud(level, x, y, width, ReadTones(file), x);
-        } else if (order == "tree") {
-            ReadTree(file);
-        } else if (order == "bush") {
-            ReadBush(file);
-        } else if (order == "grass") {
-            ReadGrass(file);
-        } else if (order == "column") {
-            const int x = file.Number("x");
-            const int width = file.Number("the width");
-            PaintColumn(level, palette, x, terrain.GroundAt(x), width, file.Number("the height"), x);
-        } else if (order == "wall" || order == "tower") {
-            const int x = file.Number("x");
-            const int width = file.Number("the width");
-            const int height = file.Number("the height");
-            const int last = file.Number("the opening or roof");
-            (order == "wall" ? PaintWall : PaintTower)(level, palette, x, terrain.GroundAt(x + width / 2), width,
-                                                       height, last, x);
-        } else if (order == "prop") {
-            ReadProp(file);
-        } else if (order == "box") {
-            const int left = file.Number("left");
-            const int top = file.Number("top");
-            const int right = file.Number("right");
-            const int bottom = file.Number("bottom");
-            Box(level, left, top, right, bottom, ReadColour(file));
-        } else if (order == "cave") {
-            ReadCave(file);
-        } else if (order == "glow") {
-            ReadGlow(file);
-        } else if (order == "fort") {
-            ReadFort(file);
-        } else if (order == "material") {
-            const std::string name = file.Word("a material");
-            const int left = file.Number("left");
-            const int top = file.Number("top");
-            const int right = file.Number("right");
-            if (!ground.SetMaterial(name, left, top, right, file.Number("bottom")))
-                file.Fail("no such material: " + name);
-        } else {
-            file.Fail("unknown order " + order);
-        }
+        (this->*order->second)(file);
     }
     PaintPits();
     ground.Paint(level);
@@ -107,6 +68,56 @@ const Tones& LevelPainter::ReadTones(SourceFile& file) const {
     const auto found = tones.find(file.Word("tones"));
     if (found == tones.end()) file.Fail("no such tones");
     return found->second;
+}
+
+void LevelPainter::ReadToneNames(SourceFile& file) {
+    Tones& read = tones[file.Word("a name")];
+    for (std::uint32_t* tonePtr : {&read.outline, &read.dark, &read.mid, &read.light, &read.glow}) {
+        *tonePtr = ReadColour(file);
+    }
+}
+
+void LevelPainter::ReadCloud(SourceFile& file) {
+    const int x = file.Number("x");
+    const int y = file.Number("y");
+    const int width = file.Size("the width");
+    PaintCloud(level, x, y, width, ReadTones(file), x);
+}
+
+void LevelPainter::ReadColumn(SourceFile& file) {
+    const int x = file.Number("x");
+    const int width = file.Size("the width");
+    PaintColumn(level, palette, x, terrain.GroundAt(x), width, file.Size("the height"), x);
+}
+
+void LevelPainter::ReadWall(SourceFile& file) {
+    const int x = file.Number("x");
+    const int width = file.Size("the width");
+    const int height = file.Size("the height");
+    PaintWall(level, palette, x, terrain.GroundAt(x + width / 2), width, height, file.Number("the opening"), x);
+}
+
+void LevelPainter::ReadTower(SourceFile& file) {
+    const int x = file.Number("x");
+    const int width = file.Size("the width");
+    const int height = file.Size("the height");
+    PaintTower(level, palette, x, terrain.GroundAt(x + width / 2), width, height, file.Number("the roof"), x);
+}
+
+void LevelPainter::ReadBox(SourceFile& file) {
+    const int left = file.Number("left");
+    const int top = file.Number("top");
+    const int right = file.Number("right");
+    const int bottom = file.Number("bottom");
+    Box(level, left, top, right, bottom, ReadColour(file));
+}
+
+void LevelPainter::ReadMaterial(SourceFile& file) {
+    const std::string name = file.Word("a material");
+    const int left = file.Number("left");
+    const int top = file.Number("top");
+    const int right = file.Number("right");
+    if (!ground.SetMaterial(name, left, top, right, file.Number("bottom"))) file.Fail("no such material: " + name);
 }
 
 void LevelPainter::ReadMood(SourceFile& file) {
@@ -129,7 +140,7 @@ void LevelPainter::ReadRidge(SourceFile& file) {
          {&ridge.from, &ridge.to, &ridge.top, &ridge.swing, &ridge.period, &ridge.bottom, &ridge.seed}) {
         *numberPtr = file.Number("FROM TO TOP SWING PERIOD BOTTOM SEED");
     }
-    if (ridge.period < 1) file.Fail("the period must be at least 1");
+    if (ridge.period < 10) file.Fail("the period must be at least 10");
     ridge.light = ReadColour(file);
     ridge.mid = ReadColour(file);
     ridge.dark = ReadColour(file);
@@ -138,8 +149,8 @@ void LevelPainter::ReadRidge(SourceFile& file) {
 
 void LevelPainter::ReadTree(SourceFile& file) {
     const int x = file.Number("x");
-    const int height = file.Number("the height");
-    const double half = file.Number("the crown's width") / 2.0;
+    const int height = file.Size("the height");
+    const double half = file.Size("the crown's width") / 2.0;
     const Tones& leaves = ReadTones(file);
     const Tones& bark = ReadTones(file);
     const int footY = terrain.GroundAt(x);
@@ -155,8 +166,8 @@ void LevelPainter::ReadTree(SourceFile& file) {
 
 void LevelPainter::ReadBush(SourceFile& file) {
     const int x = file.Number("x");
-    const double halfWidth = file.Number("the width") / 2.0;
-    const double height = file.Number("the height");
+    const double halfWidth = file.Size("the width") / 2.0;
+    const double height = file.Size("the height");
     const Tones& leaves = ReadTones(file);
     const double centreY = terrain.GroundAt(x) - height * 0.35;
     PaintFoliage(level, x, centreY, halfWidth, height * 0.7, leaves, x);
@@ -193,6 +204,7 @@ void LevelPainter::ReadCave(SourceFile& file) {
     const int top = file.Number("top");
     const int right = file.Number("right");
     const int bottom = file.Number("bottom");
+    if (left < 0 || top < 0 || right > levelWidth || bottom > levelHeight) file.Fail("the cave leaves the level");
     for (int y = top; y < bottom; ++y) {
         for (int x = left; x < right; ++x) {
             // large stones, hardly told from the dark between them; a glow from the middle of the room
@@ -210,7 +222,7 @@ void LevelPainter::ReadCave(SourceFile& file) {
 void LevelPainter::ReadGlow(SourceFile& file) {
     const int x = file.Number("x");
     const int y = file.Number("y");
-    const int radius = file.Number("the radius");
+    const int radius = file.Size("the radius");
     const double percent = file.Number("the percentage");
     const std::uint32_t colour = ReadColour(file);
     for (int py = y - radius; py <= y + radius; ++py) {

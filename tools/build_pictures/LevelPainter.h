@@ -19,7 +19,7 @@ class Terrain;
 ///
 /// Lines of the scene file; Y may be left out, then the thing stands on the ground in its column:
 ///
-///     mood FROM COLOUR BOTTOM ...                        the sky from column FROM on
+///     mood FROM COLOUR BOTTOM ...                        the sky from column FROM on; these lines come first
 ///     tones NAME OUTLINE DARK MID LIGHT GLOW             colours for plants and clouds
 ///     ridge SHAPE FROM TO TOP SWING PERIOD BOTTOM SEED LIGHT MID DARK
 ///     cloud X Y WIDTH TONES
@@ -48,6 +48,13 @@ private:
     std::uint32_t ReadColour(SourceFile& file) const;
     const Tones& ReadTones(SourceFile& file) const;
     void ReadMood(SourceFile& file);
+    void ReadToneNames(SourceFile& file);
+    void ReadCloud(SourceFile& file);
+    void ReadColumn(SourceFile& file);
+    void ReadWall(SourceFile& file);
+    void ReadTower(SourceFile& file);
+    void ReadBox(SourceFile& file);
+    void ReadMaterial(SourceFile& file);
     void ReadRidge(SourceFile& file);
     void ReadTree(SourceFile& file);
     void ReadBush(SourceFile& file);

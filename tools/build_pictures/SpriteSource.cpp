@@ -106,10 +106,8 @@ void SpriteSource::ReadFrame(SourceFile& file) {
 
 void SpriteSource::ReadSheet(SourceFile& file) {
     currentSheet = file.Word("a file name");
-    const int width = file.Number("the width");
-    const int height = file.Number("the height");
-    if (width <= 0 || height <= 0 || width > 4096 || height > 4096)
-        file.Fail("a sheet is 1 to 4096 pixels wide and high");
+    const int width = file.Size("the width");
+    const int height = file.Size("the height");
     currentGround = Colour(file, file.Word("the ground colour"));
     sheets[currentSheet] = Picture(width, height, currentGround);
 }
@@ -118,7 +116,7 @@ void SpriteSource::ReadRow(SourceFile& file) {
     if (currentSheet.empty()) file.Fail("a row needs a sheet before it");
     int x = file.Number("x");
     const int y = file.Number("y");
-    const int step = file.Number("the step");
+    const int step = file.Size("the step");
     const Keys* keysPtr = &standardKeys;
     std::string word = file.Word("\":\"");
     if (word != ":") {
@@ -136,8 +134,8 @@ void SpriteSource::ReadRow(SourceFile& file) {
 
 void SpriteSource::ReadRim(SourceFile& file) {
     const std::uint32_t colour = Colour(file, file.Word("a colour"));
-    const int cell = file.Number("the cell's size");
-    if (currentSheet.empty() || cell <= 0) file.Fail("a rim needs a sheet before it and cells of at least one pixel");
+    const int cell = file.Size("the cell's size");
+    if (currentSheet.empty()) file.Fail("a rim needs a sheet before it");
     const Picture before = sheets[currentSheet];
     Picture& sheet = sheets[currentSheet];
     const auto isShown = [&](int x, int y, int neighbourX, int neighbourY) {

@@ -43,6 +43,7 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& resour
     }
     WriteActors((art / "level" / "actors.txt").string(), terrain, (files / "Data_Pelko.txt").string(),
                 (files / "Data_Enemies.txt").string());
+    if (!sources.contains("props")) throw std::runtime_error((art / "sprites" / "props.txt").string() + ": missing");
     LevelPainter painter(palette, terrain, sources.at("props"));
     painter.Read((art / "level" / "scene.txt").string());
     Save(images / "World1-1.png", painter.Level());

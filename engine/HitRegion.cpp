@@ -67,9 +67,9 @@ bool HitRegion::CreatePolygon(DOUBLE2 ptsArr[], int count, bool close) {
 }
 
 bool HitRegion::CreateFromFile(String const& fileName) {
-    std::unique_ptr<ID2D1Geometry> loadedPtr = SVGLoader().LoadGeometryFromFile(fileName);
-    const bool isLoaded = loadedPtr != nullptr;
-    SetGeometry(isLoaded ? std::move(loadedPtr) : MakeEmptyPath(*D2DFactoryPtr));
+    ID2D1Geometry* loadedPtr = nullptr;
+    const bool isLoaded = SVGLoader().LoadGeometryFromFile(fileName, &loadedPtr);
+    SetGeometry(isLoaded ? std::unique_ptr<ID2D1Geometry>(loadedPtr) : MakeEmptyPath(*D2DFactoryPtr));
     return isLoaded;
 }
 
@@ -160,21 +160,13 @@ RECT2 HitRegion::CollisionTest(RECT2 boundingbox) const {
 
 RECT2 HitRegion::GetBounds() const { return HasShape() ? BoundsOf(*transformedGeometryPtr) : RECT2{}; }
 
-std::unique_ptr<HitRegion> HitRegion::Unite(HitRegion* regionPtr) const {
-    return Combine(regionPtr, D2D1_COMBINE_MODE_UNION);
-}
+HitRegion* HitRegion::Unite(HitRegion* regionPtr) const { return Combine(regionPtr, D2D1_COMBINE_MODE_UNION); }
 
-std::unique_ptr<HitRegion> HitRegion::Exclude(HitRegion* regionPtr) const {
-    return Combine(regionPtr, D2D1_COMBINE_MODE_EXCLUDE);
-}
+HitRegion* HitRegion::Exclude(HitRegion* regionPtr) const { return Combine(regionPtr, D2D1_COMBINE_MODE_EXCLUDE); }
 
-std::unique_ptr<HitRegion> HitRegion::Intersect(HitRegion* regionPtr) const {
-    return Combine(regionPtr, D2D1_COMBINE_MODE_INTERSECT);
-}
+HitRegion* HitRegion::Intersect(HitRegion* regionPtr) const { return Combine(regionPtr, D2D1_COMBINE_MODE_INTERSECT); }
 
-std::unique_ptr<HitRegion> HitRegion::Xor(HitRegion* regionPtr) const {
-    return Combine(regionPtr, D2D1_COMBINE_MODE_XOR);
-}
+HitRegion* HitRegion::Xor(HitRegion* regionPtr) const { return Combine(regionPtr, D2D1_COMBINE_MODE_XOR); }
 
 int HitRegion::Raycast(DOUBLE2 startPoint, DOUBLE2 vector, HIT hitArr[], int hitArrSize, int collisionNumber) const {
     if (!hitOutlinePtr) {
@@ -215,7 +207,7 @@ void HitRegion::RebuildTransformedGeometry() {
     if (!transformedGeometryPtr) transformedGeometryPtr = MakeEmptyPath(*D2DFactoryPtr);
 }
 
-std::unique_ptr<HitRegion> HitRegion::Combine(HitRegion* regionPtr, D2D1_COMBINE_MODE mode) const {
+HitRegion* HitRegion::Combine(HitRegion* regionPtr, D2D1_COMBINE_MODE mode) const {
     if (!HasShape() || !regionPtr->HasShape()) return nullptr;
     auto combinedPtr = std::make_unique<HitRegion>(D2DFactoryPtr);
     combinedPtr->geometryPtr = MakePath(*D2DFactoryPtr, [&](ID2D1GeometrySink& sink) {
@@ -226,5 +218,5 @@ std::unique_ptr<HitRegion> HitRegion::Combine(HitRegion* regionPtr, D2D1_COMBINE
         return nullptr;
     }
     combinedPtr->RebuildTransformedGeometry();
-    return combinedPtr;
+    return combinedPtr.release();
 }

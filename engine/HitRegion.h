@@ -55,12 +55,12 @@ public:
     /// All zero for an empty shape.
     RECT2 GetBounds() const;
 
-    /// New regions, without a transform, not yet simplified; null after a message if they cannot be made. They combine
-    /// this region's shape without its transform with the other's transformed one.
-    std::unique_ptr<HitRegion> Unite(HitRegion* regionPtr) const;
-    std::unique_ptr<HitRegion> Exclude(HitRegion* regionPtr) const;
-    std::unique_ptr<HitRegion> Intersect(HitRegion* regionPtr) const;
-    std::unique_ptr<HitRegion> Xor(HitRegion* regionPtr) const;
+    /// New regions that the caller owns, without a transform, not yet simplified; null after a message if they cannot
+    /// be made. They combine this region's shape without its transform with the other's transformed one.
+    HitRegion* Unite(HitRegion* regionPtr) const;
+    HitRegion* Exclude(HitRegion* regionPtr) const;
+    HitRegion* Intersect(HitRegion* regionPtr) const;
+    HitRegion* Xor(HitRegion* regionPtr) const;
 
     /// Finds where the ray from `startPoint` to `startPoint + vector` crosses the outline, nearest first.
     /// A crossing at the start counts (lambda 0), one at the end (lambda 1) does not; normals have the length that the
@@ -78,7 +78,7 @@ private:
     bool Create(std::unique_ptr<ID2D1Geometry> newGeometryPtr, const wchar_t* failure);
     void SetGeometry(std::unique_ptr<ID2D1Geometry> newGeometryPtr);
     void RebuildTransformedGeometry();
-    std::unique_ptr<HitRegion> Combine(HitRegion* regionPtr, D2D1_COMBINE_MODE mode) const;
+    HitRegion* Combine(HitRegion* regionPtr, D2D1_COMBINE_MODE mode) const;
 
     ID2D1Factory* D2DFactoryPtr;
     std::unique_ptr<ID2D1Geometry> geometryPtr; ///< without the transform

@@ -243,11 +243,11 @@ int ReadArguments(std::string_view text, std::string_view function, std::span<do
 
 } // namespace
 
-std::unique_ptr<ID2D1Geometry> SVGLoader::LoadGeometryFromFile(String const& fileName) {
+bool SVGLoader::LoadGeometryFromFile(String const& fileName, ID2D1Geometry** geometryPtrPtr) {
     std::ifstream file(platform::ToFilePath(fileName.C_str()), std::ios::binary);
     if (!file) {
         Show(String(L"Failed to load geometry from file ") + fileName);
-        return nullptr;
+        return false;
     }
     // Lines are joined with nothing between them, so that a number may continue on the next one.
     std::string svgText;
@@ -261,15 +261,19 @@ std::unique_ptr<ID2D1Geometry> SVGLoader::LoadGeometryFromFile(String const& fil
     ExtractTransformInfo(svgText, transformInfo);
     if (!ExtractGeometryInfo(svgText, geometryInfo)) {
         Show(String(L"Malformed geometry information in file ") + fileName);
-        return nullptr;
+        return false;
     }
     const MATRIX3X2 matrix = ParseTransform(transformInfo);
     ID2D1Factory& factory = *GameEngine::GetSingleton()->GetD2DFactory();
     const std::unique_ptr<ID2D1PathGeometry> pathPtr = ParsePathData(factory, geometryInfo);
     std::unique_ptr<ID2D1Geometry> geometryPtr;
     if (pathPtr) geometryPtr = factory.CreateTransformedGeometry(*pathPtr, matrix.ToMatrix3x2F());
-    if (!geometryPtr) Show(L"CreateTransformedGeometry failed");
-    return geometryPtr;
+    if (!geometryPtr) {
+        Show(L"CreateTransformedGeometry failed");
+        return false;
+    }
+    *geometryPtrPtr = geometryPtr.release();
+    return true;
 }
 
 bool SVGLoader::ExtractGeometryInfo(std::string_view svgText, std::string_view& geometryInfo) {

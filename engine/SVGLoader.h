@@ -15,9 +15,9 @@ class SVGLoader {
 public:
     virtual ~SVGLoader() = default;
 
-    /// The path seen through the transform; null, after a message, if the file has none. Damaged path data gives what
-    /// came before the damage.
-    std::unique_ptr<ID2D1Geometry> LoadGeometryFromFile(String const& fileName);
+    /// Writes the path seen through the transform to `*geometryPtrPtr`; the caller owns it. False, after a message and
+    /// with nothing written, if the file has none. Damaged path data gives what came before the damage.
+    bool LoadGeometryFromFile(String const& fileName, ID2D1Geometry** geometryPtrPtr);
 
 private:
     /// The value of the first path's data attribute; false if there is none.

@@ -119,10 +119,10 @@ TEST_F(HitRegions, CombineTheirShapes) {
     boxPtr->SetPos({5000, 0}); // a combination takes this region without its transform
     const auto otherPtr = Box(0, 0, 100, 100);
     otherPtr->SetPos({50, 0});
-    const auto unionPtr = boxPtr->Unite(otherPtr.get());
-    const auto differencePtr = boxPtr->Exclude(otherPtr.get());
-    const auto commonPtr = boxPtr->Intersect(otherPtr.get());
-    const auto eitherPtr = boxPtr->Xor(otherPtr.get());
+    const std::unique_ptr<HitRegion> unionPtr(boxPtr->Unite(otherPtr.get()));
+    const std::unique_ptr<HitRegion> differencePtr(boxPtr->Exclude(otherPtr.get()));
+    const std::unique_ptr<HitRegion> commonPtr(boxPtr->Intersect(otherPtr.get()));
+    const std::unique_ptr<HitRegion> eitherPtr(boxPtr->Xor(otherPtr.get()));
     ExpectBox(unionPtr->GetBounds(), {0, 0, 150, 100});
     ExpectBox(differencePtr->GetBounds(), {0, 0, 50, 100});
     ExpectBox(commonPtr->GetBounds(), {50, 0, 100, 100});

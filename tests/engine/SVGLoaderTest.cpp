@@ -28,8 +28,14 @@ protected:
         std::ofstream(path, std::ios::binary) << fileText;
         return LoadFile(path);
     }
+    static std::unique_ptr<ID2D1Geometry> LoadGeometry(const std::string& fileName) {
+        ID2D1Geometry* geometryPtr = nullptr;
+        const bool isLoaded = SVGLoader().LoadGeometryFromFile(String(fileName.c_str()), &geometryPtr);
+        EXPECT_EQ(isLoaded, geometryPtr != nullptr);
+        return std::unique_ptr<ID2D1Geometry>(geometryPtr);
+    }
     static std::string LoadFile(const std::string& fileName) {
-        const auto geometryPtr = SVGLoader().LoadGeometryFromFile(String(fileName.c_str()));
+        const auto geometryPtr = LoadGeometry(fileName);
         if (!geometryPtr) return "none";
         TextSink sink;
         geometryPtr->Simplify(D2D1_GEOMETRY_SIMPLIFICATION_OPTION_CUBICS_AND_LINES, 0.25F, sink);
@@ -78,7 +84,7 @@ TEST_F(SVGFiles, CommandsDrawTheirSegments) {
 TEST_F(SVGFiles, ArcsAreDrawnOnTheAskedSide) {
     const auto bounds = [&](const char* data) {
         std::ofstream(path) << "<path d=\"" << data << "\"/>";
-        const auto geometryPtr = SVGLoader().LoadGeometryFromFile(String(path.c_str()));
+        const auto geometryPtr = LoadGeometry(path);
         D2D1_RECT_F rect;
         geometryPtr->GetBounds(&rect);
         return std::vector<float>{rect.left, rect.top, rect.right, rect.bottom};

@@ -106,11 +106,12 @@ Outline::Outline(const std::string& path, Findings& findings) {
     const std::string text((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
     CheckText(text, findings);
 
-    const auto geometryPtr = SVGLoader().LoadGeometryFromFile(String(path.c_str()));
-    if (!geometryPtr) {
+    ID2D1Geometry* loadedPtr = nullptr;
+    if (!SVGLoader().LoadGeometryFromFile(String(path.c_str()), &loadedPtr)) {
         findings.Add("the outline cannot be read", {});
         return;
     }
+    const std::unique_ptr<ID2D1Geometry> geometryPtr(loadedPtr);
     FigureSink sink;
     geometryPtr->Simplify(D2D1_GEOMETRY_SIMPLIFICATION_OPTION_CUBICS_AND_LINES, 0.25F, sink);
     for (const DOUBLE2 point : sink.curves) findings.Add("an edge of the outline is curved", Around(point));

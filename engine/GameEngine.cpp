@@ -37,9 +37,7 @@ GameEngine::GameEngine() : title(L"") {
 
 GameEngine::~GameEngine() {
     consolePtr.reset();
-    keyThreadRunning = false;
-    keySleeperPtr->Wake();
-    keyThread.join();
+    StopKeyThread();
     frameClock.reset();
     gamePtr.reset();
     defaultFontPtr.reset();
@@ -56,7 +54,10 @@ int GameEngine::Run(HINSTANCE instance, int iCmdShow) {
     frameClock = std::make_unique<StopWatch>();
     frameClock->Reset();
     gamePtr->GameInitialize(instance);
-    if (!CreateGameWindow(iCmdShow)) return 0;
+    if (!CreateGameWindow(iCmdShow)) {
+        StopKeyThread(); // the engine stays, but nothing may run on when the program ends
+        return 0;
+    }
     CreateDeviceResources();
     gamePtr->GameStart();
     Repaint();
@@ -205,6 +206,12 @@ void GameEngine::KeyboardThreadEntry(void* enginePtr) {
     auto* const engine = static_cast<GameEngine*>(enginePtr);
     engine->KeyboardThreadProc();
     engine->keySleeperPtr->Wake(); // nobody has to wait for this thread's next round
+}
+
+void GameEngine::StopKeyThread() {
+    keyThreadRunning = false;
+    keySleeperPtr->Wake();
+    if (keyThread.joinable()) keyThread.join();
 }
 
 DWORD GameEngine::KeyboardThreadProc() {

@@ -204,6 +204,7 @@ protected:
 
 private:
     static void KeyboardThreadEntry(void* enginePtr);
+    void StopKeyThread();
     void PollKeys();
     void DeliverKeyReleases();
     void RunFrame();

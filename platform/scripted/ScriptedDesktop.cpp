@@ -148,7 +148,7 @@ void ScriptedDesktop::ShowMainWindow(Window& window) {
 }
 
 void ScriptedDesktop::BeginFrame() {
-    if (frame == endFrame) {
+    if (endFrame >= 0 && frame >= endFrame) {
         PostMessage(MainWindow(), WM_DESTROY, 0, 0);
         return;
     }

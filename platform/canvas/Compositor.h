@@ -9,10 +9,10 @@
 
 namespace platform {
 
-/// Paints pictures into a frame. Drawing only notes down what is to be painted; Compose then paints it band by band,
-/// each band small enough to stay in the cache, so that a frame is written to memory once however often it is painted
-/// over, and what an opaque picture covers later is not painted at all. Allocates only until its lists have grown to
-/// the size of a frame.
+/// Paints pictures into a frame. Drawing only notes down what is to be painted; Compose then paints it band by band, in
+/// memory small enough to stay in the first-level cache, and sends each finished band to the frame. So a frame is
+/// written to memory once and never read, however often it is painted over, and what an opaque picture covers later is
+/// not painted at all. Allocates only until its lists have grown beyond a usual frame.
 class Compositor {
 public:
     /// Borrows the frame. Throws std::bad_alloc if memory runs out.

@@ -21,17 +21,6 @@ SpriteSource::SpriteSource(const std::string& path, const Palette& usedPalette) 
             ReadKeys(file, swap);
         } else if (order == "part") {
             ReadPart(file);
-        } else if (order == "mirror") {
-            const std::string name = file.Word("a name");
-            const auto part = parts.find(file.Word("a part"));
-            if (part == parts.end()) file.Fail("no such part");
-            Grid grid = part->second;
-            for (std::string& row : grid.rows) {
-                row.resize(static_cast<std::size_t>(grid.width), '.');
-                std::reverse(row.begin(), row.end());
-            }
-            parts[name] = grid;
-            frames[name] = {{grid, 0, 0}};
         } else if (order == "frame") {
             ReadFrame(file);
         } else if (order == "sheet") {
@@ -59,8 +48,8 @@ int SpriteSource::FrameHeight(const std::string& name) const {
     return height;
 }
 
-void SpriteSource::PaintFrame(Picture& picture, const std::string& name, int x, int y, bool mirrored) const {
-    Paint(picture, frames.at(name), x, y, standardKeys, mirrored);
+void SpriteSource::PaintFrame(Picture& picture, const std::string& name, int x, int y) const {
+    Paint(picture, frames.at(name), x, y, standardKeys);
 }
 
 void SpriteSource::ReadKeys(SourceFile& file, Keys& keys) const {
@@ -128,7 +117,7 @@ void SpriteSource::ReadRow(SourceFile& file) {
     for (; file.More(); x += step) {
         const auto frame = frames.find(file.Word("a frame"));
         if (frame == frames.end()) file.Fail("no such frame");
-        Paint(sheets[currentSheet], frame->second, x, y, *keysPtr, false);
+        Paint(sheets[currentSheet], frame->second, x, y, *keysPtr);
     }
 }
 
@@ -161,17 +150,13 @@ std::uint32_t SpriteSource::Colour(SourceFile& file, const std::string& name) co
     return palette[name];
 }
 
-void SpriteSource::Paint(Picture& picture, const std::vector<Placed>& frame, int x, int y, const Keys& keys,
-                         bool mirrored) const {
-    int width = 0;
-    for (const Placed& part : frame) width = std::max(width, part.x + part.grid.width);
+void SpriteSource::Paint(Picture& picture, const std::vector<Placed>& frame, int x, int y, const Keys& keys) const {
     for (const Placed& part : frame) {
         for (int row = 0; row < static_cast<int>(part.grid.rows.size()); ++row) {
             const std::string& text = part.grid.rows[static_cast<std::size_t>(row)];
             for (int column = 0; column < static_cast<int>(text.size()); ++column) {
                 const char c = text[static_cast<std::size_t>(column)];
-                const int inFrame = part.x + column;
-                const int px = x + (mirrored ? width - 1 - inFrame : inFrame);
+                const int px = x + part.x + column;
                 const int py = y + part.y + row;
                 if (c == '.' || px < 0 || py < 0 || px >= picture.width || py >= picture.height) continue;
                 picture.At(px, py) = keys.at(c);

@@ -23,7 +23,6 @@ struct Grid {
 ///     key CHARACTER COLOUR            what a character of the grids means; "." is always transparent
 ///     swap NAME CHARACTER COLOUR ...  other meanings, for a recoloured row
 ///     part NAME, rows, end            a drawing
-///     mirror NAME PART                the same, seen in a mirror
 ///     frame NAME PART[@dx,dy] ...     a picture made of parts, the later in front
 ///     sheet FILE WIDTH HEIGHT GROUND  begins a sheet; GROUND is a colour, "clear", "magenta" or "nearblack"
 ///     row X Y STEP [SWAP] : FRAME ... frames side by side on the sheet, STEP pixels apart
@@ -39,7 +38,7 @@ public:
     int FrameWidth(const std::string& name) const;
     int FrameHeight(const std::string& name) const;
     /// Paints a frame with its origin at (`x`, `y`), clipped to the picture.
-    void PaintFrame(platform::Picture& picture, const std::string& name, int x, int y, bool mirrored = false) const;
+    void PaintFrame(platform::Picture& picture, const std::string& name, int x, int y) const;
 
 private:
     struct Placed {
@@ -56,8 +55,7 @@ private:
     void ReadRow(SourceFile& file);
     void ReadRim(SourceFile& file);
     std::uint32_t Colour(SourceFile& file, const std::string& name) const;
-    void Paint(platform::Picture& picture, const std::vector<Placed>& frame, int x, int y, const Keys& keys,
-               bool mirrored) const;
+    void Paint(platform::Picture& picture, const std::vector<Placed>& frame, int x, int y, const Keys& keys) const;
 
     const Palette& palette;
     Keys standardKeys;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "engine/DOUBLE2.h"
-#include "platform/Picture.h"
 #include "tools/level_check/Findings.h"
 
 #include <cstdint>

@@ -3,15 +3,34 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdlib>
 #include <mutex>
 #include <thread>
 #include <utility>
+
+#if __has_include(<dlfcn.h>)
+#include <dlfcn.h>
+#endif
 
 namespace platform {
 
 namespace {
 // Well below what is decoded ahead, and short enough to notice an end within the frame in which it falls.
 constexpr auto roundTime = std::chrono::milliseconds(15);
+
+void IgnoreError(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/, const char* /*format*/,
+                 ...) {}
+
+/// A machine without a sound card is no fault, but the libraries below tell the terminal so at every attempt.
+void QuietLibraries() {
+#if __has_include(<dlfcn.h>)
+    setenv("ALSOFT_LOGLEVEL", "0", 0);
+    using SetErrorHandler = int (*)(decltype(&IgnoreError) handler);
+    void* const symbolPtr = dlsym(RTLD_DEFAULT, "snd_lib_error_set_handler");
+    if (symbolPtr == nullptr) return;
+    reinterpret_cast<SetErrorHandler>(symbolPtr)(IgnoreError);
+#endif
+}
 
 double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
@@ -72,6 +91,7 @@ private:
 } // namespace
 
 std::unique_ptr<MediaInterface> MakeDeviceMedia(Desktop& desktop) {
+    QuietLibraries();
     return MakeMedia(desktop, std::make_unique<DevicePlayer>());
 }
 

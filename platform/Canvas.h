@@ -73,6 +73,9 @@ public:
     /// Lays the text out in `box`, wrapped at word boundaries and clipped to it.
     virtual void DrawText(std::wstring_view text, const IDWriteTextFormat& format, D2D1_RECT_F box,
                           const ID2D1SolidColorBrush& brush) = 0;
+    /// Draws the part of a line of text that is inside `clip`, the line's top left corner at `origin`.
+    virtual void DrawTextLine(const platform::TextLine& line, D2D1_POINT_2F origin, D2D1_RECT_F clip,
+                              const ID2D1SolidColorBrush& brush) = 0;
 };
 
 namespace platform {

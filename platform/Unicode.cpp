@@ -60,6 +60,16 @@ char32_t TakeCodePoint(std::string_view& utf8) {
     return valid ? code : replacement;
 }
 
+void AppendWide(std::wstring& text, char32_t code) {
+    if (!IsCodePoint(code)) code = replacement;
+    if (sizeof(wchar_t) > 2 || code < 0x10000) {
+        text.push_back(static_cast<wchar_t>(code));
+    } else {
+        text.push_back(static_cast<wchar_t>(0xD800 + ((code - 0x10000) >> 10)));
+        text.push_back(static_cast<wchar_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
+    }
+}
+
 std::string ToUtf8(std::wstring_view text) {
     std::string utf8;
     utf8.reserve(text.size());
@@ -70,15 +80,7 @@ std::string ToUtf8(std::wstring_view text) {
 std::wstring FromUtf8(std::string_view utf8) {
     std::wstring text;
     text.reserve(utf8.size());
-    while (!utf8.empty()) {
-        const char32_t code = TakeCodePoint(utf8);
-        if (sizeof(wchar_t) > 2 || code < 0x10000) {
-            text.push_back(static_cast<wchar_t>(code));
-        } else {
-            text.push_back(static_cast<wchar_t>(0xD800 + ((code - 0x10000) >> 10)));
-            text.push_back(static_cast<wchar_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
-        }
-    }
+    while (!utf8.empty()) AppendWide(text, TakeCodePoint(utf8));
     return text;
 }
 

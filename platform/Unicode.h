@@ -9,6 +9,9 @@ namespace platform {
 /// U+FFFD.
 char32_t TakeCodePoint(std::string_view& utf8);
 
+/// Appends the code point; what is none becomes U+FFFD.
+void AppendWide(std::wstring& text, char32_t code);
+
 /// Wide text (UTF-16 or UTF-32, as wide as the system's wchar_t) as UTF-8. What is no code point becomes U+FFFD.
 std::string ToUtf8(std::wstring_view text);
 

@@ -246,6 +246,14 @@ public:
         textPainter.Draw(contextPtr.get(), text, format, box);
     }
 
+    void DrawTextLine(const TextLine& line, D2D1_POINT_2F origin, D2D1_RECT_F clip,
+                      const ID2D1SolidColorBrush& brush) override {
+        if (!CanPaintShapes() || !AreFinite({origin.x, origin.y, clip.left, clip.top, clip.right, clip.bottom})) return;
+        const ContextPtr contextPtr = BeginShape(brush);
+        SetContextTransform(contextPtr.get());
+        textPainter.Draw(contextPtr.get(), line, origin, clip);
+    }
+
 private:
     /// A transform that flattens everything, or is no number, shows nothing.
     bool CanPaintShapes() const {

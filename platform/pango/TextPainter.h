@@ -19,6 +19,8 @@ public:
 
     /// Draws with the context's current colour. The box is in the context's coordinates.
     void Draw(_cairo* contextPtr, std::wstring_view text, const IDWriteTextFormat& format, D2D1_RECT_F box);
+    /// Draws the part of the line that is inside `clip`; its top left corner is at `origin`.
+    void Draw(_cairo* contextPtr, const TextLine& line, D2D1_POINT_2F origin, D2D1_RECT_F clip);
 
 private:
     class Layouts;

@@ -3,9 +3,14 @@
 #include "engine/Callable.h"
 
 #include <algorithm>
+#include <utility>
+
+Caller::~Caller() {
+    if (isGonePtr != nullptr) *isGonePtr = true;
+}
 
 bool Caller::AddActionListener(Callable* targetPtr) {
-    if (IsListening(targetPtr)) return false;
+    if (targetPtr == nullptr || IsListening(targetPtr)) return false;
     actionListenerPtrs.push_back(targetPtr);
     return true;
 }
@@ -14,9 +19,15 @@ bool Caller::RemoveActionListener(Callable* targetPtr) { return std::erase(actio
 
 bool Caller::CallListeners() {
     const std::vector<Callable*> calledPtrs = actionListenerPtrs;
+    bool isGone = false;
+    bool* const outerPtr = std::exchange(isGonePtr, &isGone); // a listener may cause the event again
     for (Callable* const targetPtr : calledPtrs) {
         if (IsListening(targetPtr)) targetPtr->CallAction(this);
+        if (!isGone) continue;
+        if (outerPtr != nullptr) *outerPtr = true;
+        return true;
     }
+    isGonePtr = outerPtr;
     return !actionListenerPtrs.empty();
 }
 

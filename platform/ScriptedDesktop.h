@@ -15,7 +15,8 @@ namespace platform {
 /// to an observer, and message boxes, debug lines and media commands are recorded. A program runs on it unchanged and
 /// the same to the last bit every time.
 ///
-/// A frame is: the script's events for it; one poll of the thread that sleeps on this desktop, if there is one, and
+/// A frame is: the calls of timers that have become due since the last one, on the main thread; the script's events for
+/// it; one poll of the thread that sleeps on this desktop, if there is one, and
 /// time to deliver what it posted; the media notices that are due; then the program's own frame, which ends with
 /// Present.
 class ScriptedDesktop : public Desktop {
@@ -32,13 +33,20 @@ public:
     explicit ScriptedDesktop(double frameSeconds = 1.0 / 60.0);
     ~ScriptedDesktop() override;
 
-    // The script; events of one frame happen in the order they are given.
+    // The script; events of one frame happen in the order they are given. Keys and mouse reach the program as they do
+    // from a real keyboard and mouse: as key state, and as messages to the main window or the control they are for.
 
     void Press(int frame, int virtualKey) {
-        At(frame, [this, virtualKey] { SetKey(virtualKey, true); });
+        At(frame, [this, virtualKey] { PressKey(virtualKey); });
     }
     void Release(int frame, int virtualKey) {
-        At(frame, [this, virtualKey] { SetKey(virtualKey, false); });
+        At(frame, [this, virtualKey] { ReleaseKey(virtualKey); });
+    }
+    /// The characters that the keyboard's layout makes of keys; also those that no key has.
+    void Type(int frame, const std::wstring& text);
+    /// `message` is one of the mouse messages; the position is in pixels of the frame.
+    void Mouse(int frame, UINT message, POINT position) {
+        At(frame, [this, message, position] { PostMouse(message, position); });
     }
     /// Runs `action` on the main thread before frame `frame`; post messages, move the mouse, look at the game.
     void At(int frame, std::function<void()> action);
@@ -69,6 +77,7 @@ public:
     POINT ScreenSize() const override { return {1920, 1080}; }
     bool IsKeyDown(int virtualKey) const override;
     std::unique_ptr<Sleeper> MakeSleeper() override;
+    std::unique_ptr<PeriodicTimer> MakeTimer(std::function<void()> callback) override;
     std::int64_t Counter() const override { return frame; }
     double SecondsPerCount() const override { return secondsPerFrame; }
     bool Present(HWND window, const FrameView& view, bool waitForBlank) override;
@@ -85,6 +94,8 @@ protected:
 
 private:
     class FrameSleeper;
+    class FrameTimer;
+    struct Timers;
     class Recorder;
     struct Rendezvous;
     struct Event {
@@ -93,6 +104,10 @@ private:
     };
     enum class Stage { events, notices, frame };
 
+    void PressKey(int virtualKey);
+    void ReleaseKey(int virtualKey);
+    void PostMouse(UINT message, POINT position);
+    WPARAM Modifiers() const;
     void BeginFrame();
     void RunEvents();
 
@@ -104,7 +119,9 @@ private:
     std::size_t nextEvent = 0;
     mutable std::mutex keyMutex;
     bool keys[256] = {};
+    bool leftButtonIsDown = false;
     std::shared_ptr<Rendezvous> rendezvousPtr;
+    std::shared_ptr<Timers> timersPtr; // shared with the timers, which may outlive the desktop
 };
 
 } // namespace platform

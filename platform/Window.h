@@ -13,9 +13,11 @@ namespace platform {
 /// messages. Plain state; the desktop that made it owns it and keeps it true.
 class Window {
 public:
+    virtual ~Window() = default;
+
     WNDPROC procedure = nullptr;
     void* userData = nullptr; ///< whatever the window's maker wants to find again
-    std::wstring className;   ///< "STATIC", "BUTTON" and "EDIT" are the desktop's own classes
+    std::wstring className;   ///< "BUTTON" and "EDIT" are the desktop's own controls, "STATIC" is a hidden window
     std::wstring text;        ///< the title of a main window, the text of a control
     DWORD style = 0;
     Window* parentPtr = nullptr; ///< null: not a child

@@ -1,6 +1,7 @@
 #include "platform/ScriptedDesktop.h"
 
 #include "platform/Media.h"
+#include "platform/Unicode.h"
 
 #include <algorithm>
 #include <utility>
@@ -55,6 +56,58 @@ private:
     std::shared_ptr<Rendezvous> rendezvousPtr;
 };
 
+/// The timers that run, on the frames' clock.
+struct ScriptedDesktop::Timers {
+    struct Entry {
+        std::function<void()> callback;
+        double period = 0.0; // seconds
+        double start = 0.0;
+        double calls = 0.0; // that have been made since the start
+        double NextCall() const { return start + (calls + 1.0) * period; }
+    };
+
+    /// Makes the calls that are due until `end`. A call may start, stop and destroy timers.
+    void RunUntil(double end) {
+        constexpr double rounding = 1e-9;
+        for (;;) {
+            const auto next = std::min_element(running.begin(), running.end(), [](const auto& a, const auto& b) {
+                return a->NextCall() < b->NextCall();
+            });
+            if (next == running.end() || (*next)->NextCall() > end + rounding) break;
+            const std::shared_ptr<Entry> entryPtr = *next;
+            now = entryPtr->NextCall();
+            ++entryPtr->calls;
+            entryPtr->callback();
+        }
+        now = end;
+    }
+
+    std::vector<std::shared_ptr<Entry>> running; // in the order in which they were started
+    double now = 0.0;                            // within a call: the time at which it is due
+};
+
+class ScriptedDesktop::FrameTimer : public PeriodicTimer {
+public:
+    FrameTimer(std::shared_ptr<Timers> sharedPtr, std::function<void()> callback)
+        : timersPtr(std::move(sharedPtr)), entryPtr(std::make_shared<Timers::Entry>()) {
+        entryPtr->callback = std::move(callback);
+    }
+    ~FrameTimer() override { Stop(); }
+
+    void Start(int period) override {
+        Stop();
+        entryPtr->period = std::max(1, period) / 1000.0;
+        entryPtr->start = timersPtr->now;
+        entryPtr->calls = 0.0;
+        timersPtr->running.push_back(entryPtr);
+    }
+    void Stop() override { std::erase(timersPtr->running, entryPtr); }
+
+private:
+    std::shared_ptr<Timers> timersPtr;
+    std::shared_ptr<Timers::Entry> entryPtr;
+};
+
 /// Writes down every command before the silent player carries it out.
 class ScriptedDesktop::Recorder : public MediaInterface {
 public:
@@ -77,7 +130,8 @@ private:
     std::unique_ptr<MediaInterface> playerPtr;
 };
 
-ScriptedDesktop::ScriptedDesktop(double frameSeconds) : secondsPerFrame(frameSeconds) {}
+ScriptedDesktop::ScriptedDesktop(double frameSeconds)
+    : secondsPerFrame(frameSeconds), timersPtr(std::make_shared<Timers>()) {}
 
 ScriptedDesktop::~ScriptedDesktop() { CloseMedia(); }
 
@@ -92,6 +146,37 @@ void ScriptedDesktop::SetKey(int virtualKey, bool isDown) {
     keys[virtualKey & 255] = isDown;
 }
 
+void ScriptedDesktop::PressKey(int virtualKey) {
+    SetKey(virtualKey, true);
+    if (MainWindow() == nullptr) return;
+    PostMessage(MainWindow(), WM_KEYDOWN, static_cast<WPARAM>(virtualKey), static_cast<LPARAM>(Modifiers()));
+}
+
+void ScriptedDesktop::ReleaseKey(int virtualKey) {
+    SetKey(virtualKey, false);
+    if (MainWindow() != nullptr) PostMessage(MainWindow(), WM_KEYUP, static_cast<WPARAM>(virtualKey), 0);
+}
+
+void ScriptedDesktop::Type(int eventFrame, const std::wstring& text) {
+    At(eventFrame, [this, text] {
+        const std::string utf8 = ToUtf8(text);
+        for (std::string_view rest = utf8; !rest.empty();) {
+            PostMessage(MainWindow(), WM_CHAR, TakeCodePoint(rest), 0);
+        }
+    });
+}
+
+void ScriptedDesktop::PostMouse(UINT message, POINT position) {
+    if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) leftButtonIsDown = true;
+    if (message == WM_LBUTTONUP) leftButtonIsDown = false;
+    const WPARAM flags = Modifiers() | (leftButtonIsDown ? MK_LBUTTON : 0);
+    PostMessage(MainWindow(), message, flags, PackPoint(position));
+}
+
+WPARAM ScriptedDesktop::Modifiers() const {
+    return (IsKeyDown(VK_SHIFT) ? MK_SHIFT : 0) | (IsKeyDown(VK_CONTROL) ? MK_CONTROL : 0);
+}
+
 bool ScriptedDesktop::IsKeyDown(int virtualKey) const {
     const std::lock_guard lock(keyMutex);
     return keys[virtualKey & 255];
@@ -100,6 +185,10 @@ bool ScriptedDesktop::IsKeyDown(int virtualKey) const {
 std::unique_ptr<Sleeper> ScriptedDesktop::MakeSleeper() {
     rendezvousPtr = std::make_shared<Rendezvous>();
     return std::make_unique<FrameSleeper>(rendezvousPtr);
+}
+
+std::unique_ptr<PeriodicTimer> ScriptedDesktop::MakeTimer(std::function<void()> callback) {
+    return std::make_unique<FrameTimer>(timersPtr, std::move(callback));
 }
 
 bool ScriptedDesktop::Present(HWND, const FrameView& view, bool) {
@@ -127,7 +216,7 @@ void ScriptedDesktop::PumpEvents(bool wait) {
         // The program sleeps through this frame: time goes on without it.
         ++frame;
         stage = Stage::events;
-        const bool nothingWillHappen = endFrame < 0 && nextEvent == events.size();
+        const bool nothingWillHappen = endFrame < 0 && nextEvent == events.size() && timersPtr->running.empty();
         if (nothingWillHappen) endFrame = frame;
     }
     if (stage == Stage::events) {
@@ -154,6 +243,7 @@ void ScriptedDesktop::BeginFrame() {
     }
     // The thread must have finished its last round before keys change under it.
     if (rendezvousPtr) rendezvousPtr->AwaitAsleep();
+    timersPtr->RunUntil(Now());
     RunEvents();
     if (rendezvousPtr) rendezvousPtr->RunOneRound();
 }

@@ -30,11 +30,13 @@ RECT PlacePicture(POINT picture, POINT area, bool wholeFactors) {
     return {left, top, left + size.x, top + size.y};
 }
 
-POINT PictureFromArea(POINT point, POINT picture, RECT placement) {
+POINT PictureFromArea(POINT point, POINT picture, RECT placement, bool mayLieOutside) {
     // The picture's pixel that the middle of the area's pixel falls into.
-    const auto map = [](int position, int from, int to, int length) {
+    const auto map = [mayLieOutside](int position, int from, int to, int length) {
         const auto twice = (2LL * (position - from) + 1) * length;
-        return static_cast<int>(std::clamp(twice, 0LL, 2LL * (to - from) * length - 1) / (2LL * (to - from)));
+        const auto extent = 2LL * (to - from);
+        if (!mayLieOutside) return static_cast<int>(std::clamp(twice, 0LL, extent * length - 1) / extent);
+        return static_cast<int>((twice < 0 ? twice - extent + 1 : twice) / extent); // rounded down
     };
     return {map(point.x, placement.left, placement.right, picture.x),
             map(point.y, placement.top, placement.bottom, picture.y)};

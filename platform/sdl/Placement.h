@@ -12,7 +12,8 @@ POINT WindowSize(POINT picture, POINT room, double scale);
 /// `wholeFactors` it is enlarged by whole factors only.
 RECT PlacePicture(POINT picture, POINT area, bool wholeFactors);
 
-/// The pixel of the picture under a point of the area; a point beside the picture means the nearest one.
-POINT PictureFromArea(POINT point, POINT picture, RECT placement);
+/// The pixel of the picture under a point of the area; a point beside the picture means the nearest one or, with
+/// `mayLieOutside`, the one that would be there.
+POINT PictureFromArea(POINT point, POINT picture, RECT placement, bool mayLieOutside = false);
 
 } // namespace platform

@@ -148,7 +148,7 @@ POINT Screen::Position() const {
     return position;
 }
 
-POINT Screen::FrameFromWindow(POINT point) const {
+POINT Screen::FrameFromWindow(POINT point, bool mayLieOutside) const {
     // Points are counted in the window's own units, of which some displays make several pixels each.
     POINT units;
     SDL_GetWindowSize(windowPtr.get(), &units.x, &units.y);
@@ -156,7 +156,8 @@ POINT Screen::FrameFromWindow(POINT point) const {
     const POINT output = shownBefore ? shownIn : units;
     if (units.x <= 0 || units.y <= 0) return point;
     const POINT pixel{point.x * output.x / units.x, point.y * output.y / units.y};
-    return PictureFromArea(pixel, frameSize, shownBefore ? shownAt : PlacePicture(frameSize, output, fullscreen));
+    const RECT placement = shownBefore ? shownAt : PlacePicture(frameSize, output, fullscreen);
+    return PictureFromArea(pixel, frameSize, placement, mayLieOutside);
 }
 
 double Screen::DisplayRate() const {

@@ -41,8 +41,9 @@ public:
     /// Where the window is, or in full screen will be again.
     POINT Position() const;
     POINT FrameSize() const { return frameSize; }
-    /// The pixel of the frame under a point of the window.
-    POINT FrameFromWindow(POINT point) const;
+    /// The pixel of the frame under a point of the window; beside the frame the nearest one, or, with `mayLieOutside`,
+    /// the one that would be there.
+    POINT FrameFromWindow(POINT point, bool mayLieOutside = false) const;
     /// How often per second presenting waits for the display's blank; 0 if it does not.
     double BlankRate() const { return waitsForBlank ? DisplayRate() : 0.0; }
     SDL_Window* Handle() const { return windowPtr.get(); }

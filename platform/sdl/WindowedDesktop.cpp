@@ -26,16 +26,6 @@ namespace platform {
 namespace {
 using Clock = std::chrono::steady_clock;
 
-/// Two numbers of 16 bits in one parameter, as the mouse and size messages carry them.
-LPARAM Pack(int low, int high) {
-    return static_cast<LPARAM>((static_cast<std::uint32_t>(high) & 0xFFFF) << 16 |
-                               (static_cast<std::uint32_t>(low) & 0xFFFF));
-}
-
-bool Contains(RECT rect, POINT point) {
-    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
-}
-
 /// The character that a key types without being text, 0 if none.
 char32_t ControlCharacter(int virtualKey) {
     switch (virtualKey) {
@@ -119,6 +109,10 @@ private:
     std::array<void (*)(int), 2> handlers{};
 };
 
+struct PointerFreer {
+    void operator()(SDL_Cursor* pointerPtr) const { SDL_FreeCursor(pointerPtr); }
+};
+
 class WindowedDesktop : public Desktop {
 public:
     ~WindowedDesktop() override { CloseMedia(); }
@@ -135,6 +129,8 @@ public:
     void OutputDebugString(std::wstring_view text) override;
     void ShowMousePointer(bool show) override;
     bool SetFullscreen(bool fullscreen) override;
+    std::wstring ClipboardText() override;
+    void SetClipboardText(std::wstring_view text) override;
 
 protected:
     void PumpEvents(bool wait) override;
@@ -144,6 +140,8 @@ protected:
     void ShowMainWindow(Window& window) override;
     void MoveMainWindow(Window& window) override;
     void CloseMainWindow(Window& window) override;
+    void HoldMouse(bool hold) override;
+    void ShowTextPointer(bool show) override;
 
 private:
     void WaitForEvents();
@@ -156,11 +154,11 @@ private:
     void PostSize(WPARAM how);
     void Activate(bool active);
     void UpdateBounds();
-    HWND ChildAt(POINT point) const;
 
     VideoLibrary video;
     const std::thread::id mainThread = std::this_thread::get_id();
     std::unique_ptr<Screen> screenPtr;
+    std::unique_ptr<SDL_Cursor, PointerFreer> textPointerPtr; // made when it is first needed
     Keyboard keyboard;
     Pacer pacer;
     double blankRate = 0.0;
@@ -219,6 +217,19 @@ void WindowedDesktop::OutputDebugString(std::wstring_view text) {
 
 void WindowedDesktop::ShowMousePointer(bool show) {
     if (video.IsReady()) SDL_ShowCursor(show ? SDL_ENABLE : SDL_DISABLE);
+}
+
+std::wstring WindowedDesktop::ClipboardText() {
+    if (!video.IsReady()) return Desktop::ClipboardText();
+    char* const utf8Ptr = SDL_GetClipboardText();
+    std::wstring text = utf8Ptr != nullptr ? FromUtf8(utf8Ptr) : std::wstring();
+    SDL_free(utf8Ptr);
+    return text;
+}
+
+void WindowedDesktop::SetClipboardText(std::wstring_view text) {
+    Desktop::SetClipboardText(text);
+    if (video.IsReady()) SDL_SetClipboardText(ToUtf8(text).c_str());
 }
 
 bool WindowedDesktop::SetFullscreen(bool fullscreen) { return screenPtr && screenPtr->SetFullscreen(fullscreen); }
@@ -327,6 +338,7 @@ void WindowedDesktop::HandleWindow(const SDL_WindowEvent& event) {
         InvalidateWindow(MainWindow());
         break;
     case SDL_WINDOWEVENT_MOVED: UpdateBounds(); break;
+    case SDL_WINDOWEVENT_LEAVE: SetHovered(nullptr); break;
     case SDL_WINDOWEVENT_DISPLAY_CHANGED: blankRate = -1.0; break; // asked anew at the next frame
     case SDL_WINDOWEVENT_MINIMIZED: PostSize(SIZE_MINIMIZED); break;
     case SDL_WINDOWEVENT_MAXIMIZED: PostSize(SIZE_MAXIMIZED); break;
@@ -361,7 +373,10 @@ void WindowedDesktop::HandleKey(const SDL_KeyboardEvent& event) {
     }
     if (virtualKey == 0) return;
     keyboard.Press(key.scancode, virtualKey);
-    PostMessage(MainWindow(), WM_KEYDOWN, static_cast<WPARAM>(virtualKey), 0);
+    // With Alt as well it is no shortcut: some layouts type characters that way.
+    const bool isControl = (key.mod & KMOD_CTRL) != 0 && (key.mod & KMOD_ALT) == 0;
+    const WPARAM modifiers = ((key.mod & KMOD_SHIFT) != 0 ? MK_SHIFT : 0) | (isControl ? MK_CONTROL : 0);
+    PostMessage(MainWindow(), WM_KEYDOWN, static_cast<WPARAM>(virtualKey), static_cast<LPARAM>(modifiers));
     const char32_t character = ControlCharacter(virtualKey);
     if (character != 0) PostMessage(MainWindow(), WM_CHAR, character, 0);
 }
@@ -376,25 +391,20 @@ void WindowedDesktop::HandleMouseButton(const SDL_MouseButtonEvent& event) {
     if (event.button == SDL_BUTTON_RIGHT) {
         PostMouse(isDown ? WM_RBUTTONDOWN : WM_RBUTTONUP, point);
     } else if (event.button == SDL_BUTTON_LEFT) {
-        // Only controls care about double clicks; for a game the second click is a click like any other.
-        const bool isDouble = event.clicks % 2 == 0 && ChildAt(screenPtr->FrameFromWindow(point)) != nullptr;
-        PostMouse(!isDown ? WM_LBUTTONUP : isDouble ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, point);
+        const UINT down = event.clicks % 2 == 0 ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN;
+        PostMouse(isDown ? down : WM_LBUTTONUP, point);
     }
 }
 
 void WindowedDesktop::PostMouse(UINT message, POINT windowPoint) {
-    POINT point = screenPtr->FrameFromWindow(windowPoint);
-    HWND target = MainWindow();
-    if (const HWND childPtr = ChildAt(point); childPtr != nullptr) {
-        target = childPtr;
-        point = {point.x - childPtr->bounds.left, point.y - childPtr->bounds.top};
-    }
-    PostMessage(target, message, MouseFlags(), Pack(point.x, point.y));
+    const bool mayLieOutside = GetCapture() != nullptr;
+    const POINT point = screenPtr->FrameFromWindow(windowPoint, mayLieOutside);
+    PostMessage(MainWindow(), message, MouseFlags(), PackPoint(point));
 }
 
 void WindowedDesktop::PostSize(WPARAM how) {
     const POINT size = how == SIZE_MINIMIZED ? POINT{} : screenPtr->FrameSize();
-    PostMessage(MainWindow(), WM_SIZE, how, Pack(size.x, size.y));
+    PostMessage(MainWindow(), WM_SIZE, how, PackPoint(size));
 }
 
 void WindowedDesktop::Activate(bool active) {
@@ -410,14 +420,16 @@ void WindowedDesktop::UpdateBounds() {
     bounds = {position.x, position.y, position.x + bounds.right - bounds.left, position.y + bounds.bottom - bounds.top};
 }
 
-HWND WindowedDesktop::ChildAt(POINT point) const {
-    HWND found = nullptr;
-    for (HWND childPtr : ChildWindows(MainWindow())) {
-        const bool listens = childPtr->visible && childPtr->enabled;
-        if (listens && Contains(childPtr->bounds, point)) found = childPtr; // later ones lie above earlier ones
-    }
-    return found;
+void WindowedDesktop::HoldMouse(bool hold) {
+    if (video.IsReady()) SDL_CaptureMouse(hold ? SDL_TRUE : SDL_FALSE);
 }
+
+void WindowedDesktop::ShowTextPointer(bool show) {
+    if (!video.IsReady()) return;
+    if (show && !textPointerPtr) textPointerPtr.reset(SDL_CreateSystemCursor(SDL_SYSTEM_CURSOR_IBEAM));
+    SDL_SetCursor(show && textPointerPtr ? textPointerPtr.get() : SDL_GetDefaultCursor());
+}
+
 } // namespace
 
 std::unique_ptr<Desktop> MakeWindowedDesktop() { return std::make_unique<WindowedDesktop>(); }

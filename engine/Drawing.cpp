@@ -117,7 +117,10 @@ void GameEngine::D2DBeginPaint() {
 }
 
 bool GameEngine::D2DEndPaint() {
-    if (!renderTargetPtr || renderTargetPtr->EndDraw() != D2DERR_RECREATE_TARGET) return true;
+    if (!renderTargetPtr) return true;
+    platform::Desktop::Current().PaintControls(hWindow, *renderTargetPtr);
+    renderTargetPtr->SetAntialiasMode(antialiasMode);
+    if (renderTargetPtr->EndDraw() != D2DERR_RECREATE_TARGET) return true;
     MessageBox(L" Direct2D error: RenderTarget lost.\nThe gameEngine terminates the game.\n");
     return false;
 }

@@ -149,6 +149,21 @@ bool GameEngine::GoWindowedMode() {
     return true;
 }
 
+void GameEngine::TabNext(HWND childWindow) { MoveFocus(childWindow, +1); }
+
+void GameEngine::TabPrevious(HWND childWindow) { MoveFocus(childWindow, -1); }
+
+void GameEngine::MoveFocus(HWND childWindow, int direction) {
+    std::vector<HWND> children = Desktop::Current().ChildWindows(hWindow);
+    std::erase_if(children,
+                  [childWindow](HWND child) { return child != childWindow && (!child->visible || !child->enabled); });
+    if (children.empty()) return;
+    if (direction < 0) std::reverse(children.begin(), children.end());
+    const auto found = std::find(children.begin(), children.end(), childWindow);
+    const bool isLast = found == children.end() || found + 1 == children.end();
+    Desktop::Current().SetFocus(isLast ? children.front() : *(found + 1));
+}
+
 LRESULT GameEngine::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return GetSingleton()->HandleEvent(window, message, wParam, lParam);
 }

@@ -82,6 +82,10 @@ public:
     bool GoWindowedMode();
     bool IsFullscreen() const { return fullscreen; }
     LRESULT HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    /// Moves the keyboard to the control after (before) `childWindow`, from the last to the first (the first to the
+    /// last). Controls that are hidden or disabled are left out. From any other window: to the first (last) control.
+    void TabNext(HWND childWindow);
+    void TabPrevious(HWND childWindow);
     static LRESULT WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     // Keys and mouse
@@ -205,6 +209,7 @@ protected:
 private:
     static void KeyboardThreadEntry(void* enginePtr);
     void StopKeyThread();
+    void MoveFocus(HWND childWindow, int direction);
     void PollKeys();
     void DeliverKeyReleases();
     void RunFrame();

@@ -6,7 +6,7 @@ cd "$(dirname "$0")"
 
 prepare play
 cmake --preset release -DQUILLFEN_BUILD_TESTS=OFF >/dev/null
-cmake --build --preset release --target quillfen demo_player
+cmake --build --preset release --parallel "$(nproc)" --target quillfen demo_player
 
 if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
     exec build/release/quillfen

@@ -183,9 +183,9 @@ void EditControl::Paint(ID2D1HwndRenderTarget& canvas) {
     if (HasFocus()) {
         theme::Outline(canvas, outer, theme::accent, theme::ringWidth);
     } else {
-        const D2D1_COLOR_F border = !enabled      ? theme::borderDisabled
-                                    : IsHovered() ? theme::borderHovered
-                                                  : theme::border;
+        // seen on a field of any colour
+        const float strength = !enabled ? 0.2F : IsHovered() ? 0.75F : 0.45F;
+        const D2D1_COLOR_F border = theme::Mixed(look.backColor, theme::edge, strength);
         theme::Outline(canvas, outer, border);
     }
 }

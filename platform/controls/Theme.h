@@ -31,6 +31,7 @@ constexpr D2D1_COLOR_F border = Colour(0xC6CBD4);
 constexpr D2D1_COLOR_F borderHovered = Colour(0x97A3B6);
 constexpr D2D1_COLOR_F borderPressed = Colour(0x7F9BCB);
 constexpr D2D1_COLOR_F borderDisabled = Colour(0xE1E4E9);
+constexpr D2D1_COLOR_F edge = Colour(0x7C869A); // mixed with what it surrounds
 constexpr D2D1_COLOR_F shadow = Colour(0x1D2430, 0.07F);
 
 constexpr float radius = 6.0F;

@@ -3,8 +3,7 @@
 // frame, pixel by pixel, with what a painter without any haste says.
 
 #include "platform/Canvas.h"
-#include "platform/Desktop.h"
-#include "platform/Media.h"
+#include "platform/ScriptedDesktop.h"
 #include "platform/canvas/FrameMemory.h"
 #include "tests/support/ReferencePainter.h"
 
@@ -29,30 +28,6 @@ constexpr int frames = 8; // memory is rotated over, so that no frame is still i
 constexpr int rounds = 60;
 constexpr double copyLimit = 1.25;
 constexpr double plainLimit = 0.4;
-
-/// A desktop that shows nothing.
-class NoDesktop : public platform::Desktop {
-public:
-    platform::FrameView shown;
-    POINT ScreenSize() const override { return {1920, 1080}; }
-    bool IsKeyDown(int) const override { return false; }
-    std::unique_ptr<platform::Sleeper> MakeSleeper() override { return nullptr; }
-    std::int64_t Counter() const override { return 0; }
-    double SecondsPerCount() const override { return 1.0; }
-    bool Present(HWND, const platform::FrameView& frame, bool) override {
-        shown = frame;
-        return true;
-    }
-    void MessageBox(std::wstring_view, std::wstring_view) override {}
-    void OutputDebugString(std::wstring_view) override {}
-    void ShowMousePointer(bool) override {}
-    bool SetFullscreen(bool) override { return false; }
-
-protected:
-    void PumpEvents(bool) override {}
-    void WakeEvents() override {}
-    std::unique_ptr<platform::MediaInterface> MakeMedia() override { return nullptr; }
-};
 
 /// Sky, clouds and ground in many colours.
 Picture MakeLevel() {
@@ -264,8 +239,9 @@ int CountWrongPixels(const Scene& scene, const platform::FrameView& frame) {
 } // namespace
 
 int main() {
-    auto desktopPtr = std::make_unique<NoDesktop>();
-    const NoDesktop& desktop = *desktopPtr;
+    auto desktopPtr = std::make_unique<platform::ScriptedDesktop>();
+    platform::FrameView shown;
+    desktopPtr->onFrame = [&shown](int, const platform::FrameView& view) { shown = view; };
     platform::Desktop::Use(std::move(desktopPtr));
     const Scene scene;
     const CanvasPainter ours(scene);
@@ -273,7 +249,7 @@ int main() {
     const Copier copier;
 
     ours.Paint(0);
-    const int wrong = CountWrongPixels(scene, desktop.shown);
+    const int wrong = CountWrongPixels(scene, shown);
 
     // The least of many interleaved rounds: what else the machine does can only add to a time.
     double copyTime = 1e9;

@@ -1,6 +1,5 @@
 #include "platform/Pacer.h"
 
-
 namespace platform {
 
 namespace {

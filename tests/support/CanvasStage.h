@@ -1,14 +1,13 @@
 #pragma once
 
 #include "platform/Canvas.h"
-#include "platform/Desktop.h"
-#include "platform/Media.h"
+#include "platform/ScriptedDesktop.h"
 #include "tests/support/ImageCompare.h"
 
 #include <memory>
 
-/// A desktop that does nothing but keep the frame that was shown last.
-class FrameKeeper : public platform::Desktop {
+/// A desktop that keeps the frame that was shown last, and may stop showing any.
+class FrameKeeper : public platform::ScriptedDesktop {
 public:
     platform::Picture shown;
     int framesShown = 0;
@@ -16,26 +15,12 @@ public:
     bool canShow = true;
     bool keepsFrames = true;
 
-    POINT ScreenSize() const override { return {1920, 1080}; }
-    bool IsKeyDown(int) const override { return false; }
-    std::unique_ptr<platform::Sleeper> MakeSleeper() override { return nullptr; }
-    std::int64_t Counter() const override { return 0; }
-    double SecondsPerCount() const override { return 1.0; }
     bool Present(HWND, const platform::FrameView& frame, bool waitForBlank) override {
         if (keepsFrames) shown = Copied(frame);
         ++framesShown;
         lastWaited = waitForBlank;
         return canShow;
     }
-    void MessageBox(std::wstring_view, std::wstring_view) override {}
-    void OutputDebugString(std::wstring_view) override {}
-    void ShowMousePointer(bool) override {}
-    bool SetFullscreen(bool) override { return false; }
-
-protected:
-    void PumpEvents(bool) override {}
-    void WakeEvents() override {}
-    std::unique_ptr<platform::MediaInterface> MakeMedia() override { return nullptr; }
 };
 
 /// A canvas to paint on and the frames it showed.

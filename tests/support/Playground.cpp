@@ -1,10 +1,10 @@
 #include "tests/support/Playground.h"
 
 #include "engine/GameEngine.h"
+#include "tests/support/StartedSounds.h"
 
 #include <algorithm>
 #include <iostream>
-#include <map>
 
 using platform::Picture;
 
@@ -99,7 +99,10 @@ SceneFolder::SceneFolder(Scene const& scene) : folder("scene"), formerDirectory(
 
 SceneFolder::~SceneFolder() { std::filesystem::current_path(formerDirectory); }
 
-Playground::Playground(Scene const& scene) : folder(scene), formerOutputPtr(std::cout.rdbuf(output.rdbuf())) {
+Playground::Playground(Scene const& scene) : Playground(std::make_unique<SceneFolder>(scene)) {}
+
+Playground::Playground(std::unique_ptr<SceneFolder> sceneFolderPtr)
+    : folderPtr(std::move(sceneFolderPtr)), formerOutputPtr(std::cout.rdbuf(output.rdbuf())) {
     auto scriptedPtr = std::make_unique<platform::ScriptedDesktop>();
     desktopPtr = scriptedPtr.get();
     desktopPtr->onFrame = [this](int, platform::FrameView const& view) {
@@ -187,25 +190,18 @@ Playground::HeroPicture Playground::PaintedHero() const {
 }
 
 std::vector<std::string> Playground::TakeSounds() {
-    std::map<std::wstring, std::string> files; // by alias
+    const std::vector<StartedSound> started = StartedSounds(desktopPtr->mediaCommands);
     std::vector<std::string> sounds;
-    for (std::size_t i = 0; i < desktopPtr->mediaCommands.size(); ++i) {
-        std::wistringstream words(desktopPtr->mediaCommands[i].text);
-        std::wstring verb;
-        std::wstring target;
-        words >> verb >> target;
-        if (verb == L"open") {
-            const std::size_t nameBegin = target.rfind(L'/') + 1;
-            const std::wstring name = target.substr(nameBegin, target.find(L'.', nameBegin) - nameBegin);
-            std::wstring alias;
-            while (words >> alias) {}
-            files[alias] = std::string(name.begin(), name.end());
-        } else if ((verb == L"play" || verb == L"resume") && i >= commandsTaken) {
-            sounds.push_back(files[target]);
-        }
-    }
-    commandsTaken = desktopPtr->mediaCommands.size();
+    for (; soundsTaken < started.size(); ++soundsTaken) sounds.push_back(started[soundsTaken].name);
     return sounds;
+}
+
+void Playground::ForgetRecords() {
+    desktopPtr->mediaCommands.clear();
+    desktopPtr->debugLines.clear();
+    desktopPtr->boxes.clear();
+    output.str("");
+    soundsTaken = 0;
 }
 
 std::vector<std::wstring> Playground::Boxes() const {

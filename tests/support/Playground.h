@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -65,6 +66,8 @@ private:
 class Playground {
 public:
     explicit Playground(Scene const& scene = PlainScene());
+    /// In the real level, with the files of the working directory.
+    static Playground InRealLevel() { return Playground(nullptr); }
     ~Playground();
 
     Playground& Hold(int key);
@@ -95,6 +98,8 @@ public:
 
     /// The files of the sounds that were started or resumed since the last call, in order.
     std::vector<std::string> TakeSounds();
+    /// Forgets what was written down so far, so that a long run does not fill the memory.
+    void ForgetRecords();
     std::vector<std::wstring> const& DebugLines() const { return desktopPtr->debugLines; }
     /// The texts of the message boxes.
     std::vector<std::wstring> Boxes() const;
@@ -102,10 +107,12 @@ public:
     std::string Output() const { return output.str(); }
 
 private:
-    SceneFolder folder;
+    explicit Playground(std::unique_ptr<SceneFolder> sceneFolderPtr);
+
+    std::unique_ptr<SceneFolder> folderPtr; // null in the real level
     platform::ScriptedDesktop* desktopPtr;
     std::ostringstream output;
     std::streambuf* formerOutputPtr;
     platform::Picture frame;
-    std::size_t commandsTaken = 0;
+    std::size_t soundsTaken = 0;
 };

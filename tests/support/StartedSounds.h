@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/ScriptedDesktop.h"
+
+#include <string>
+#include <vector>
+
+struct StartedSound {
+    int frame = 0;
+    std::string name; // of the file, without folder and extension
+};
+
+/// The sounds that `commands` start or resume, in their order. The commands must reach back to the files' opening.
+std::vector<StartedSound> StartedSounds(const std::vector<platform::ScriptedDesktop::MediaCommand>& commands);

@@ -1,0 +1,165 @@
+// Random keys, the debug keys included, for a long time: whatever they do, the game stays in order.
+
+#include "game/HUD.h"
+#include "game/Level.h"
+#include "game/entities/EnemyList.h"
+#include "game/entities/EntityList.h"
+#include "game/player/BlockList.h"
+#include "platform/Messages.h"
+#include "tests/support/Playground.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <iostream>
+#include <random>
+#include <vector>
+
+#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#include <malloc.h>
+#define QUILLFEN_MONKEY_COUNTS_HEAP
+#endif
+
+namespace {
+
+constexpr int gameTicks = 20000;
+constexpr int lastGame = 9;
+constexpr int warmUpTicks = 10000;
+
+/// Bytes in use on the heap; 0 where a sanitizer keeps the heap.
+std::size_t HeapBytes() {
+#ifdef QUILLFEN_MONKEY_COUNTS_HEAP
+    return mallinfo2().uordblks;
+#else
+    return 0;
+#endif
+}
+
+bool IsFinite(DOUBLE2 point) { return std::isfinite(point.x) && std::isfinite(point.y); }
+
+/// Presses and releases keys as it likes. The star switch stays off once the flag is down: there two tracks would take
+/// turns on every tick.
+class Monkey {
+public:
+    Monkey(Playground& playground, unsigned seed) : play(playground), random(seed), hurried(seed % 2 == 0) {}
+
+    void Act() {
+        if (hurried && !held[0] && Chance(5)) Toggle(0);
+        if (Level::GetSingleton()->IsFlagDown() && starSwitch) Tap(VK_TAB);
+        if (Chance(10)) Toggle(Chance(2) ? Below(arrowCount) : Below(held.size()));
+        if (paused && Chance(20)) Tap('P'); // a pause is soon dull
+        if (Chance(30)) Tap(VK_SPACE);
+        if (Chance(hurried ? 1000 : 300)) Tap(debugKeys[Below(debugKeys.size())]);
+    }
+
+private:
+    bool Chance(unsigned one) { return random() % one == 0; }
+    std::size_t Below(std::size_t count) { return random() % count; }
+    void Toggle(std::size_t key) {
+        held[key] = !held[key];
+        held[key] ? play.Hold(keys[key]) : play.LetGo(keys[key]);
+    }
+    void Tap(int key) {
+        if (key == VK_TAB) {
+            if (!starSwitch && Level::GetSingleton()->IsFlagDown()) return;
+            starSwitch = !starSwitch;
+        }
+        if (key == 'P') paused = !paused;
+        play.Tap(key);
+    }
+
+    static constexpr std::size_t arrowCount = 3; // the ones that count most come first
+    static constexpr std::array<int, 13> keys = {
+        VK_RIGHT,       VK_UP,          VK_LEFT,        VK_DOWN,        'W',           'A', 'S', 'D',
+        VK_NUMPAD0 + 2, VK_NUMPAD0 + 4, VK_NUMPAD0 + 5, VK_NUMPAD0 + 6, VK_NUMPAD0 + 8};
+    static constexpr std::array<int, 10> debugKeys = {'E', 'Q', 'O', 'U', 'I', VK_HOME, VK_END, VK_DELETE, VK_TAB, 'P'};
+    Playground& play;
+    std::mt19937 random; // the same numbers everywhere, unlike the library's distributions
+    std::array<bool, keys.size()> held = {};
+    bool hurried; // to the right, where the flag is
+    bool starSwitch = false;
+    bool paused = false;
+};
+
+/// What must hold after every tick.
+class Order {
+public:
+    void Check(Playground const& play) {
+        ASSERT_TRUE(IsFinite(play.Hero().GetPosition()));
+        ASSERT_TRUE(IsFinite(play.Camera()));
+        for (int i = 0; i < BlockList::blockCount; ++i)
+            ASSERT_TRUE(IsFinite(BlockList::GetSingleton()->GetPosition(i))) << i;
+
+        const EnemyList& enemyList = *EnemyList::GetSingleton();
+        for (int i = 0; i < EnemyList::slotCount; ++i) {
+            ASSERT_TRUE(IsFinite(enemyList.GetPosition(i))) << i;
+            ExpectSameOrGone(enemies[static_cast<std::size_t>(i)], enemyList.GetType(i));
+        }
+        const EntityList& entityList = *EntityList::GetSingleton();
+        ASSERT_GE(static_cast<std::size_t>(entityList.GetSize()), entities.size());
+        for (int i = static_cast<int>(entities.size()); i < entityList.GetSize(); ++i)
+            entities.push_back(entityList.GetType(i));
+        for (int i = 0; i < entityList.GetSize(); ++i) {
+            ASSERT_TRUE(IsFinite(entityList.GetPosition(i))) << i;
+            ExpectSameOrGone(entities[static_cast<std::size_t>(i)], entityList.GetType(i));
+        }
+
+        const HUD& hud = *HUD::GetSingleton();
+        ASSERT_GE(hud.GetScore(), score);
+        ASSERT_GE(hud.GetCoins(), coins);
+        score = hud.GetScore();
+        coins = hud.GetCoins();
+    }
+    std::size_t EntityCount() const { return entities.size(); }
+
+private:
+    static constexpr int unknown = -2;
+    static void ExpectSameOrGone(int& known, int type) {
+        if (known != unknown && type != -1) { EXPECT_EQ(type, known); }
+        if (known == -1) { EXPECT_EQ(type, -1) << "an empty slot was filled again"; }
+        known = type;
+    }
+
+    std::vector<int> enemies = std::vector<int>(EnemyList::slotCount, unknown);
+    std::vector<int> entities;
+    int score = 0;
+    int coins = 0;
+};
+
+class MonkeyAtTheKeys : public testing::TestWithParam<int> {};
+
+/// One game from its start, with keys of its own.
+TEST_P(MonkeyAtTheKeys, KeepsTheGameInOrder) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    if (GetParam() > 0) GTEST_SKIP() << "one game is enough under a sanitizer";
+#endif
+    Playground play = Playground::InRealLevel();
+    if (GetParam() == lastGame) play.Hero().SetPosition(3170, 100); // at the flag pole, which no monkey finds
+    Monkey monkey(play, static_cast<unsigned>(GetParam()));
+    Order order;
+    std::size_t bytesAtWarmUp = 0;
+    std::size_t entitiesAtWarmUp = 0;
+    for (int tick = 0; tick < gameTicks; ++tick) {
+        monkey.Act();
+        play.Run(1);
+        if (tick % 100 == 0) play.Paint();
+        ASSERT_NO_FATAL_FAILURE(order.Check(play)) << "tick " << tick;
+        ASSERT_FALSE(HasFailure()) << "tick " << tick;
+        ASSERT_TRUE(play.Boxes().empty());
+        play.ForgetRecords();
+        if (tick != warmUpTicks) continue;
+        bytesAtWarmUp = HeapBytes();
+        entitiesAtWarmUp = order.EntityCount();
+    }
+    // What blocks release stays in the list, by its rules; nothing else may grow.
+    constexpr std::size_t bytesPerEntity = 300;
+    constexpr std::size_t slack = 256 * 1024; // what is made at its first use, such as the debug text's glyphs
+    const std::size_t released = order.EntityCount() - entitiesAtWarmUp;
+    EXPECT_LE(HeapBytes(), bytesAtWarmUp + released * bytesPerEntity + slack);
+}
+
+INSTANTIATE_TEST_SUITE_P(Game, MonkeyAtTheKeys, testing::Range(0, lastGame + 1));
+
+} // namespace

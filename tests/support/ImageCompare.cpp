@@ -29,7 +29,7 @@ testing::AssertionResult Failure(const std::string& what, const std::string& nam
     std::filesystem::create_directories(folder);
     const std::string stem = (folder / FileStem(name)).string();
     platform::SavePng(stem + ".actual.png", actual);
-    platform::SavePng(stem + ".expected.png", expected);
+    if (!expected.pixels.empty()) platform::SavePng(stem + ".expected.png", expected);
     if (!difference.pixels.empty()) platform::SavePng(stem + ".difference.png", difference);
     return testing::AssertionFailure() << what << "; see " << stem << ".*.png";
 }
@@ -78,6 +78,7 @@ testing::AssertionResult LooksLike(const platform::Picture& actual, const platfo
 
 testing::AssertionResult LooksLikeFile(const platform::Picture& actual, const std::string& path, int tolerance) {
     const auto expected = platform::LoadPicture(path);
-    if (!expected) return testing::AssertionFailure() << path << " cannot be read";
-    return LooksLike(actual, *expected, std::filesystem::path(path).stem().string(), tolerance);
+    const std::string name = std::filesystem::path(path).stem().string();
+    if (!expected) return Failure(path + " cannot be read", name, actual, {}, {});
+    return LooksLike(actual, *expected, name, tolerance);
 }

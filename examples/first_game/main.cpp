@@ -1,0 +1,9 @@
+#include "engine/GameEngine.h"
+#include "examples/first_game/FirstGame.h"
+#include "platform/WindowedDesktop.h"
+
+int main() {
+    platform::Desktop::Use(platform::MakeWindowedDesktop());
+    GameEngine::GetSingleton()->SetGame(new FirstGame); // the engine deletes it
+    return GameEngine::GetSingleton()->Run(nullptr, 1);
+}

@@ -1,0 +1,3 @@
+#include "examples/hit_regions/HitRegionsGame.h"
+
+int main() { return RunInWindow<HitRegionsGame>(); }

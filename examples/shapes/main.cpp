@@ -1,0 +1,3 @@
+#include "examples/shapes/ShapesGame.h"
+
+int main() { return RunInWindow<ShapesGame>(); }

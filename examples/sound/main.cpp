@@ -1,0 +1,3 @@
+#include "examples/sound/SoundGame.h"
+
+int main() { return RunInWindow<SoundGame>(); }

@@ -1,0 +1,3 @@
+#include "examples/sprites/SpritesGame.h"
+
+int main() { return RunInWindow<SpritesGame>(); }

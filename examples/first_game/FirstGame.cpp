@@ -1,4 +1,4 @@
-#include "examples/first_game/FirstGame.h"
+#include "FirstGame.h" // beside this file, so that the folder can be copied
 
 #include "engine/GameEngine.h"
 #include "platform/Messages.h"

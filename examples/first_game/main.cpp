@@ -1,5 +1,5 @@
+#include "FirstGame.h"
 #include "engine/GameEngine.h"
-#include "examples/first_game/FirstGame.h"
 #include "platform/WindowedDesktop.h"
 
 int main() {

@@ -43,8 +43,10 @@ void HitRegionsGame::PaintRay(DOUBLE2 vector) {
 }
 
 void HitRegionsGame::PaintCombinations() {
-    const std::unique_ptr<HitRegion> results[] = {rock.Unite(&ball), rock.Exclude(&ball), rock.Intersect(&ball),
-                                                  rock.Xor(&ball)};
+    // new regions, which are ours
+    const std::unique_ptr<HitRegion> results[] = {
+        std::unique_ptr<HitRegion>(rock.Unite(&ball)), std::unique_ptr<HitRegion>(rock.Exclude(&ball)),
+        std::unique_ptr<HitRegion>(rock.Intersect(&ball)), std::unique_ptr<HitRegion>(rock.Xor(&ball))};
     for (int i = 0; i < 4; ++i) {
         Engine().SetWorldMatrix(MATRIX3X2::CreateScalingMatrix(0.34) *
                                 MATRIX3X2::CreateTranslationMatrix(128 * i - 41, 370));

@@ -1,5 +1,5 @@
 # Installs the engine from BUILD into a fresh place below it, then configures, builds and runs the program beside this
-# file against what was installed, from outside the source folder.
+# file against what was installed, from outside the source folder, and builds the game of the guide the same way.
 set(place ${BUILD}/install-test)
 file(REMOVE_RECURSE ${place})
 
@@ -12,6 +12,7 @@ endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${place}/installed)
 file(COPY ${CMAKE_CURRENT_LIST_DIR}/CMakeLists.txt ${CMAKE_CURRENT_LIST_DIR}/main.cpp DESTINATION ${place}/source)
+file(COPY ${SOURCE}/examples/first_game DESTINATION ${place}/source)
 run(${CMAKE_COMMAND} -S ${place}/source -B ${place}/build -DCMAKE_PREFIX_PATH=${place}/installed
     -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_BUILD_TYPE=Release)
 run(${CMAKE_COMMAND} --build ${place}/build)

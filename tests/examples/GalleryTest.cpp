@@ -5,6 +5,7 @@
 // Letters depend on the fonts that a machine has. The boxes that hold text are therefore left out of the comparison;
 // instead there must be ink in each of them.
 
+#include "examples/controls/ControlsGame.h"
 #include "examples/first_game/FirstGame.h"
 #include "examples/hello/HelloGame.h"
 #include "examples/hit_regions/HitRegionsGame.h"
@@ -113,6 +114,32 @@ TEST(Gallery, SoundRestsAfterFiveEndsUntilSpace) {
 TEST(Gallery, HitRegions) {
     const Picture shown = Played<HitRegionsGame>(50, [](ScriptedDesktop& desktop) { MoveMouse(desktop, 5, 470, 60); });
     EXPECT_TRUE(LooksLikeGallery(shown, "hit_regions", {}));
+}
+
+TEST(Gallery, ControlsAreFilledInWithMouseAndKeys) {
+    const Picture shown = Played<ControlsGame>(36, [](ScriptedDesktop& desktop) {
+        desktop.Mouse(1, WM_LBUTTONDOWN, {240, 50});
+        desktop.Mouse(2, WM_LBUTTONUP, {240, 50});
+        desktop.Press(3, VK_CONTROL);
+        desktop.Press(3, 'A');
+        desktop.Release(3, VK_CONTROL);
+        desktop.Type(4, L"Welcome aboard, Zo\u00eb!");
+        desktop.Press(5, VK_TAB);
+        desktop.Press(5, VK_DELETE);
+        desktop.Type(5, L"1"); // 150 ms
+        desktop.Press(6, VK_TAB);
+        desktop.Press(7, VK_SPACE); // the button takes the texts over and starts the timer
+        desktop.Release(8, VK_SPACE);
+    });
+    EXPECT_TRUE(LooksLikeGallery(shown, "controls",
+                                 {{30, 36, 130, 64},
+                                  {30, 84, 130, 112},
+                                  {144, 36, 470, 62},
+                                  {144, 84, 224, 110},
+                                  {256, 86, 352, 108},
+                                  {384, 86, 472, 108},
+                                  {30, 154, 130, 180},
+                                  {30, 424, 480, 470}}));
 }
 
 TEST(Gallery, FirstGameWalksUpTheSlopeAndStopsAtTheWall) {

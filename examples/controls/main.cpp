@@ -1,0 +1,3 @@
+#include "examples/controls/ControlsGame.h"
+
+int main() { return RunInWindow<ControlsGame>(); }

@@ -1,5 +1,7 @@
 #include "platform/Imaging.h"
 
+#include <SDL2/SDL.h>
+
 #include <condition_variable>
 #include <deque>
 #include <map>
@@ -55,7 +57,10 @@ public:
             isRunning = true;
         }
         if (thread.joinable()) thread.join(); // an earlier one that found nothing more to do
-        thread = std::thread([this] { DecodeWaiting(); });
+        thread = std::thread([this] {
+            DecodeWaiting();
+            SDL_TLSCleanup(); // what the picture library keeps for this thread
+        });
     }
 
 private:

@@ -9,6 +9,7 @@
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
 #include "game/player/Pelko.h"
+#include "platform/Messages.h"
 
 namespace {
 
@@ -125,11 +126,11 @@ void TakeEntity(int index) {
 }
 
 /// While the hero is on the trigger and the key is held, the move through the pipe starts anew on every tick.
-void EnterPipe(RECT2 trigger, int virtualKey, int move, char const* debugLine) {
+void EnterPipe(RECT2 trigger, VirtualKey key, int move, char const* debugLine) {
     Pelko* pelkoPtr = Pelko::GetSingleton();
     if (!Touch(pelkoPtr->GetHitRectVertical(), trigger)) return;
     GameEngine::OutputDebugString(debugLine);
-    if (!GameEngine::GetSingleton()->IsKeyDown(virtualKey)) return;
+    if (!GameEngine::GetSingleton()->IsKeyDown(key)) return;
     pelkoPtr->StartAutoMove(move);
     Sound::GetSingleton()->PlaySound(effectPipe, soundPlay, 100);
 }
@@ -223,14 +224,12 @@ bool CollisionList::CollideEntities() {
 }
 
 void CollisionList::CollidePipeEntrance() {
-    constexpr int downArrow = 40;
-    EnterPipe(Level::GetSingleton()->GetPipeEntryRectVertical(), downArrow, heroSinksIntoPipe,
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectVertical(), VK_DOWN, heroSinksIntoPipe,
               "AABB - Pelko + Pipe Enterance\n");
 }
 
 void CollisionList::CollidePipeExit() {
-    constexpr int rightArrow = 39;
-    EnterPipe(Level::GetSingleton()->GetPipeEntryRectHorizontal(), rightArrow, heroWalksOutOfPipe,
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectHorizontal(), VK_RIGHT, heroWalksOutOfPipe,
               "AABB - Pelko + Pipe Exit\n");
 }
 

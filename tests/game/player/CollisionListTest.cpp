@@ -5,6 +5,7 @@
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
 #include "game/player/Pelko.h"
+#include "platform/Messages.h"
 #include "tests/support/Playground.h"
 
 #include <gmock/gmock.h>
@@ -89,7 +90,7 @@ TEST_F(Contacts, AnEnemyThatCoversTheHeroDoesNothing) {
 TEST_F(Contacts, AKickedShellSlidesTheWayTheHeroFaces) {
     for (const bool faceRight : {true, false}) {
         SCOPED_TRACE(faceRight);
-        const int arrow = faceRight ? 39 : 37;
+        const int arrow = faceRight ? VK_RIGHT : VK_LEFT;
         play.Hold(arrow).Paint().LetGo(arrow);
         enemies->ResetVelocity(dorvak, true, true);
         const double x = enemies->GetPosition(dorvak).x;
@@ -197,9 +198,9 @@ TEST_F(Contacts, APipeTakesTheHeroOnlyWhileItsKeyIsHeld) {
         DOUBLE2 step; // of the scripted move
         std::wstring line;
     };
-    for (const Case& at : {Case{Level::GetSingleton()->GetPipeEntryRectVertical(), 40, DOUBLE2(0, 35 * dt),
+    for (const Case& at : {Case{Level::GetSingleton()->GetPipeEntryRectVertical(), VK_DOWN, DOUBLE2(0, 35 * dt),
                                 L"AABB - Pelko + Pipe Enterance\n"},
-                           Case{Level::GetSingleton()->GetPipeEntryRectHorizontal(), 39, DOUBLE2(18 * dt, 0),
+                           Case{Level::GetSingleton()->GetPipeEntryRectHorizontal(), VK_RIGHT, DOUBLE2(18 * dt, 0),
                                 L"AABB - Pelko + Pipe Exit\n"}}) {
         SCOPED_TRACE(at.key);
         const DOUBLE2 place((at.trigger.left + at.trigger.right) / 2, at.trigger.bottom - 16);

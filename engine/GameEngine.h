@@ -125,7 +125,8 @@ public:
     /// The engine does not own the font.
     void SetFont(Font* fontPtr) { userFontPtr = fontPtr; }
     void SetDefaultFont() { userFontPtr = defaultFontPtr.get(); }
-    /// Applies to all drawing that follows in this paint pass; every pass begins with the identity.
+    /// Applies to all drawing that follows in this paint pass. Every pass begins with the identity; drawing a hit
+    /// region puts the matrix that was set last back in force.
     void SetWorldMatrix(MATRIX3X2 mat);
     MATRIX3X2 GetWorldMatrix() const { return worldMatrix; }
     void SetBitmapInterpolationModeLinear();

@@ -2,7 +2,7 @@
 
 #include "engine/Callable.h"
 #include "platform/Resources.h"
-#include "tests/support/RecordedMedia.h"
+#include "tests/support/Stage.h"
 #include "tests/support/TestSounds.h"
 
 #include <gmock/gmock.h>
@@ -48,8 +48,8 @@ protected:
         return desktop.TakeCommands();
     }
 
-    TestFolder folder{"audio"};
-    DesktopInUse desktop;
+    TestFolder folder;
+    Stage desktop;
     std::unique_ptr<Audio> audioPtr;
     std::vector<std::wstring> opening;
     std::wstring alias;

@@ -41,7 +41,7 @@ protected:
         engine.SetHeight(height);
         engine.CreateGameWindow(1);
         engine.CreateDeviceResources();
-        desktopPtr->onFrame = [this](int, const platform::FrameView& view) { shown = Copied(view); };
+        stage->onFrame = [this](int, const platform::FrameView& view) { shown = Copied(view); };
     }
 
     void CallAction(Caller* callerPtr) override {
@@ -51,11 +51,11 @@ protected:
 
     void RunFrame() {
         platform::Message message;
-        while (desktopPtr->PeekMessage(message)) desktopPtr->DispatchMessage(message);
+        while (stage->PeekMessage(message)) stage->DispatchMessage(message);
         engine.PaintFrame();
     }
     void Mouse(UINT message, POINT point) {
-        desktopPtr->Mouse(desktopPtr->Frame(), message, point);
+        stage->Mouse(stage->Frame(), message, point);
         RunFrame();
     }
     void Click(POINT point) {
@@ -69,16 +69,16 @@ protected:
     }
     /// Presses and releases a key while the others are held down.
     void Key(int key, const std::vector<int>& held = {}) {
-        const int frame = desktopPtr->Frame();
-        for (const int other : held) desktopPtr->Press(frame, other);
-        desktopPtr->Press(frame, key);
-        if (key == VK_TAB || key == VK_RETURN || key == VK_BACK) desktopPtr->Type(frame, {static_cast<wchar_t>(key)});
-        desktopPtr->Release(frame, key);
-        for (const int other : held) desktopPtr->Release(frame, other);
+        const int frame = stage->Frame();
+        for (const int other : held) stage->Press(frame, other);
+        stage->Press(frame, key);
+        if (key == VK_TAB || key == VK_RETURN || key == VK_BACK) stage->Type(frame, {static_cast<wchar_t>(key)});
+        stage->Release(frame, key);
+        for (const int other : held) stage->Release(frame, other);
         RunFrame();
     }
     void Type(const std::wstring& text) {
-        desktopPtr->Type(desktopPtr->Frame(), text);
+        stage->Type(stage->Frame(), text);
         RunFrame();
     }
     Picture Look() {
@@ -132,8 +132,8 @@ TEST_F(ButtonTest, ClicksOnlyWhenPressedAndReleasedInside) {
 TEST_F(ButtonTest, APressThatWasInterruptedIsForgotten) {
     const auto buttonPtr = Make<Button>(L"OK", {40, 40, 120, 80});
     Mouse(WM_LBUTTONDOWN, {50, 50});
-    desktopPtr->PostMessage(engine.GetWindow(), WM_ACTIVATE, WA_INACTIVE, 0);
-    desktopPtr->PostMessage(engine.GetWindow(), WM_ACTIVATE, WA_ACTIVE, 0);
+    stage->PostMessage(engine.GetWindow(), WM_ACTIVATE, WA_INACTIVE, 0);
+    stage->PostMessage(engine.GetWindow(), WM_ACTIVATE, WA_ACTIVE, 0);
     Drag({5, 5}, {50, 50});
     EXPECT_THAT(callers, testing::IsEmpty());
 
@@ -151,7 +151,7 @@ TEST_F(ButtonTest, AListenerMayDeleteTheButton) {
     onCall = [&] { buttonPtr.reset(); };
     Click({50, 50});
     EXPECT_EQ(buttonPtr, nullptr);
-    EXPECT_EQ(desktopPtr->GetFocus(), engine.GetWindow());
+    EXPECT_EQ(stage->GetFocus(), engine.GetWindow());
     EXPECT_EQ(Look().At(50, 50), background);
 }
 
@@ -183,7 +183,7 @@ TEST_F(ControlStage, KeysWorkAsInAnyForm) {
     EXPECT_EQ(agePtr->GetText(), L"bd");
 
     Key(VK_ESCAPE);
-    EXPECT_EQ(desktopPtr->GetFocus(), engine.GetWindow());
+    EXPECT_EQ(stage->GetFocus(), engine.GetWindow());
     type(L"lost");
     Key(VK_SPACE);
     EXPECT_EQ(callers.size(), 3U);
@@ -196,7 +196,7 @@ TEST_F(ControlStage, KeysWorkAsInAnyForm) {
 TEST_F(ControlStage, AGameSeesItsKeysWhileAControlHasThem) {
     const auto boxPtr = Make<TextBox>(L"", {10, 10, 110, 40});
     Click({20, 20});
-    desktopPtr->Press(desktopPtr->Frame(), VK_LEFT);
+    stage->Press(stage->Frame(), VK_LEFT);
     RunFrame();
     EXPECT_TRUE(engine.IsKeyDown(VK_LEFT));
 }
@@ -244,7 +244,7 @@ TEST_F(TextBoxTest, CutsCopiesAndPastes) {
     boxPtr->SetText(L"one two");
     Key(VK_RIGHT, {VK_SHIFT, VK_CONTROL});
     Key('C', {VK_CONTROL});
-    EXPECT_EQ(desktopPtr->ClipboardText(), L"one ");
+    EXPECT_EQ(stage->ClipboardText(), L"one ");
     Key('X', {VK_CONTROL});
     EXPECT_EQ(boxPtr->GetText(), L"two");
     Key(VK_END);
@@ -252,9 +252,9 @@ TEST_F(TextBoxTest, CutsCopiesAndPastes) {
     Key('V', {VK_CONTROL});
     EXPECT_EQ(boxPtr->GetText(), L"twoone one ");
     Key('C', {VK_CONTROL}); // nothing is selected
-    EXPECT_EQ(desktopPtr->ClipboardText(), L"one ");
+    EXPECT_EQ(stage->ClipboardText(), L"one ");
 
-    desktopPtr->SetClipboardText(L"two\r\nlines\tand a tab");
+    stage->SetClipboardText(L"two\r\nlines\tand a tab");
     Key('A', {VK_CONTROL});
     Key('V', {VK_CONTROL});
     EXPECT_EQ(boxPtr->GetText(), L"two lines and a tab");
@@ -282,7 +282,7 @@ TEST_F(TextBoxTest, SelectsWithTheMouse) {
 
     boxPtr->SetText(L"abc");
     Click({12, 25});
-    desktopPtr->Press(desktopPtr->Frame(), VK_SHIFT);
+    stage->Press(stage->Frame(), VK_SHIFT);
     Click({120, 25});
     Type(L"C");
     EXPECT_EQ(boxPtr->GetText(), L"C");
@@ -311,7 +311,7 @@ TEST_F(TextBoxTest, TakesTextsOfAnyLength) {
     Type(L"x");
     EXPECT_EQ(boxPtr->GetText().GetLength(), 32767);
     Key(VK_BACK);
-    desktopPtr->SetClipboardText(endless);
+    stage->SetClipboardText(endless);
     Key('V', {VK_CONTROL});
     EXPECT_EQ(boxPtr->GetText().GetLength(), 32767);
     const auto buttonPtr = Make<Button>(endless.c_str(), {10, 60, 130, 90});
@@ -393,12 +393,12 @@ TEST_F(ControlStage, ControlsMayOutliveTheWindowAndGoWithTheFocus) {
     const auto buttonPtr = Make<Button>(L"OK", {10, 50, 130, 80});
     Mouse(WM_LBUTTONDOWN, {20, 20});
     boxPtr.reset();
-    EXPECT_EQ(desktopPtr->GetFocus(), engine.GetWindow());
-    EXPECT_EQ(desktopPtr->GetCapture(), nullptr);
+    EXPECT_EQ(stage->GetFocus(), engine.GetWindow());
+    EXPECT_EQ(stage->GetCapture(), nullptr);
     Click({20, 60});
-    desktopPtr->PostMessage(engine.GetWindow(), WM_CLOSE, 0, 0);
+    stage->PostMessage(engine.GetWindow(), WM_CLOSE, 0, 0);
     RunFrame();
-    EXPECT_EQ(desktopPtr->MainWindow(), nullptr);
+    EXPECT_EQ(stage->MainWindow(), nullptr);
     buttonPtr->SetText(L"late");
     buttonPtr->SetBounds(1, 2, 3, 4);
     buttonPtr->SetFont(L"sans-serif", true, true, true, 12);

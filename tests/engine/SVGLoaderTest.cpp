@@ -95,8 +95,8 @@ TEST_F(SVGFiles, ArcsAreDrawnOnTheAskedSide) {
     EXPECT_THAT(bounds("M0 0 a 5,2,0,0,0,10,0"), ElementsAre(near(0), near(0), near(10), near(2)));
     EXPECT_THAT(bounds("M0 0A2 5 90 1.5 0.9 10 0 v1"), ElementsAre(near(0), near(0), near(10), near(2)))
         << "flags are whole numbers";
-    EXPECT_THAT(desktopPtr->debugLines, testing::SizeIs(3));
-    EXPECT_THAT(desktopPtr->debugLines, testing::Each(std::wstring(L"WARNING: SVG Arcs not supported yet\n")));
+    EXPECT_THAT(stage->debugLines, testing::SizeIs(3));
+    EXPECT_THAT(stage->debugLines, testing::Each(std::wstring(L"WARNING: SVG Arcs not supported yet\n")));
 }
 
 TEST_F(SVGFiles, DamagedPathDataGivesWhatCameBeforeTheDamage) {

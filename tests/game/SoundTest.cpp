@@ -1,7 +1,7 @@
 #include "game/Sound.h"
 
 #include "engine/Audio.h"
-#include "tests/support/RecordedMedia.h"
+#include "tests/support/Stage.h"
 #include "tests/support/TestSounds.h"
 
 #include <gmock/gmock.h>
@@ -46,7 +46,7 @@ protected:
                std::to_string(std::stoi(text.substr(text.find(L"audio", 6 * (verb == "setaudio")) + 5)) - firstAlias);
     }
 
-    DesktopInUse desktop;
+    Stage desktop;
     std::vector<std::wstring> opening;
     int firstAlias = 0;
 };
@@ -151,7 +151,7 @@ TEST_F(SoundManager, StaysSilentWhateverItsFilesAre) {
                           std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()));
     }
     ASSERT_THAT(real, SizeIs(18));
-    const TestFolder folder("sound");
+    const TestFolder folder;
     std::filesystem::current_path(folder.Path(""));
     for (const char* kind : {"missing", "empty", "cut", "random"}) {
         SCOPED_TRACE(kind);

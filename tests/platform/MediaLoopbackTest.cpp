@@ -93,7 +93,7 @@ protected:
         }
     }
 
-    TestFolder folder{"loopback"};
+    TestFolder folder;
     platform::ScriptedDesktop desktop;
     std::unique_ptr<LoopbackMedia> mediaPtr = platform::MakeLoopbackMedia(desktop);
     NoticeCounter notices{desktop};
@@ -231,7 +231,7 @@ TEST_F(MediaLoopback, SurvivesFilesOfAnyContent) {
 
 // The real player on a device that nobody hears: its thread, the device's and ours meet in every way there is.
 TEST(MediaDevice, PlaysBesideTheMainThread) {
-    const TestFolder folder("device");
+    const TestFolder folder;
     folder.Write("short.wav", ToneWav(440, 0.05, 60));
     folder.Write("long.wav", ToneWav(440, 0.05, 5000));
     platform::ScriptedDesktop desktop;

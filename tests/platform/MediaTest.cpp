@@ -65,7 +65,7 @@ protected:
         return -1;
     }
 
-    TestFolder folder{"media"};
+    TestFolder folder;
     ScriptedDesktop desktop;
     std::unique_ptr<platform::MediaInterface> mediaPtr = platform::MakeSilentMedia(desktop);
     HWND windowPtr = nullptr;

@@ -85,7 +85,7 @@ std::string EnemyAt(int x, int y, int type) {
 
 Scene PlainScene() { return {Floor(), 600, HeroAt(50, 184), ""}; }
 
-SceneFolder::SceneFolder(Scene const& scene) : folder("scene"), formerDirectory(std::filesystem::current_path()) {
+SceneFolder::SceneFolder(Scene const& scene) : formerDirectory(std::filesystem::current_path()) {
     std::filesystem::current_path(folder.Path("."));
     for (const char* const name : {"Images", "Sound", "Files"}) {
         std::filesystem::create_directories(std::filesystem::path("Resources") / name);

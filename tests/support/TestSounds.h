@@ -1,44 +1,11 @@
 #pragma once
 
+#include "tests/support/TestFolder.h"
+
 #include <cmath>
 #include <cstdint>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <numbers>
 #include <string>
-#include <string_view>
-#include <vector>
-
-/// A folder for the files of one test, removed with them at its end.
-class TestFolder {
-public:
-    explicit TestFolder(std::string const& name)
-        : path(std::filesystem::temp_directory_path() / ("quillfen-" + name + std::to_string(Unique()))) {
-        std::filesystem::create_directories(path);
-    }
-    ~TestFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    TestFolder(TestFolder const&) = delete;
-    TestFolder& operator=(TestFolder const&) = delete;
-
-    /// The path of file `name` in this folder, ASCII.
-    std::wstring Path(std::string_view name) const { return (path / name).wstring(); }
-
-    void Write(std::string_view name, std::string_view bytes) const {
-        std::ofstream(path / name, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    }
-
-private:
-    static std::uintptr_t Unique() {
-        static int made = 0;
-        return reinterpret_cast<std::uintptr_t>(&made) / 16 % 100000 + static_cast<std::uintptr_t>(++made);
-    }
-
-    std::filesystem::path path;
-};
 
 /// The bytes of a WAV file with a sine tone in 16 bits, the same on all channels.
 inline std::string ToneWav(double hertz, double amplitude, int milliseconds, int channels = 2,

@@ -1,17 +1,17 @@
 // Starts the game beside resources that are missing or damaged and looks at what a player is told and how the game
 // ends.
 
+#include "tests/support/Program.h"
+#include "tests/support/TestFolder.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <memory>
 #include <random>
 #include <string>
-#include <sys/wait.h>
 
 namespace {
 
@@ -23,32 +23,15 @@ constexpr int fatalExitCode = 255; // -1, as the system reports it
 /// A copy of the game's resources to spoil, and the game run beside it.
 class BadResources : public testing::Test {
 protected:
-    struct Ending {
-        int exitCode = -1;
-        std::string told;
-    };
-
-    void SetUp() override {
-        folder = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-        fs::copy("Resources", folder / "Resources", fs::copy_options::recursive);
-        std::ofstream(folder / "three-frames.demo") << "end 3\n";
-    }
-    void TearDown() override { fs::remove_all(folder); }
-
-    Ending Play() const {
-        const std::string command =
-            "cd '" + folder.string() + "' && " QUILLFEN_BUILD_DIR "/demo_player three-frames.demo 2>&1";
-        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipePtr(popen(command.c_str(), "r"),
-                                                                      [](std::FILE*) { return 0; });
-        Ending ending;
-        for (int byte; (byte = std::fgetc(pipePtr.get())) != EOF;) ending.told += static_cast<char>(byte);
-        ending.exitCode = WEXITSTATUS(pclose(pipePtr.get()));
-        return ending;
+    BadResources() {
+        copy.Copy("Resources");
+        copy.Write("three-frames.demo", "end 3\n");
     }
 
-    fs::path folder;
+    Ending Play() const { return RunProgram("demo_player three-frames.demo", folder); }
+
+    TestFolder copy;
+    const fs::path& folder = copy.Root();
 };
 
 struct Damage {

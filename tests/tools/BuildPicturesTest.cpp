@@ -1,69 +1,39 @@
 #include "platform/Picture.h"
 
+#include "tests/support/Program.h"
+#include "tests/support/TestFolder.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using testing::HasSubstr;
 
 namespace {
 
 /// A copy of the sources in a folder of its own, where the pictures can be built without touching the game's.
-class Workshop {
+class Workshop : public TestFolder {
 public:
-    Workshop() : folder(std::filesystem::temp_directory_path() / ("build_pictures_" + std::to_string(getpid()))) {
-        std::filesystem::create_directories(folder);
-        std::filesystem::copy("art", folder / "art", std::filesystem::copy_options::recursive);
-    }
-    ~Workshop() { std::filesystem::remove_all(folder); }
-    Workshop(const Workshop&) = delete;
-    Workshop& operator=(const Workshop&) = delete;
-
-    /// Builds everything and returns the exit code; what was printed is in `output`.
-    int Build() {
-        const std::string command = "cd '" + folder.string() + "' && '" + QUILLFEN_BUILD_DIR + "/build_pictures' 2>&1";
-        FILE* pipePtr = popen(command.c_str(), "r");
-        if (pipePtr == nullptr) return -1;
-        output.clear();
-        char buffer[512];
-        while (std::fgets(buffer, sizeof buffer, pipePtr) != nullptr) output += buffer;
-        const int status = pclose(pipePtr);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-    void Append(const std::string& file, const std::string& text) const {
-        std::ofstream(folder / "art" / file, std::ios::app) << text;
-    }
-
-    const std::filesystem::path folder;
-    std::string output;
+    Workshop() { Copy("art"); }
+    Ending Build() const { return RunProgram("build_pictures", Root()); }
 };
-
-std::string TextOf(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
-}
 
 } // namespace
 
 TEST(BuildPictures, MakesExactlyWhatTheGameShows) {
     Workshop workshop;
-    ASSERT_EQ(workshop.Build(), 0) << workshop.output;
+    const Ending ending = workshop.Build();
+    ASSERT_EQ(ending.exitCode, 0) << ending.told;
     int compared = 0;
     for (const char* subfolder : {"Resources/Images", "Resources/Files"}) {
-        for (const auto& entry : std::filesystem::directory_iterator(workshop.folder / subfolder)) {
+        for (const auto& entry : std::filesystem::directory_iterator(workshop.Root() / subfolder)) {
             SCOPED_TRACE(entry.path().filename());
             const std::filesystem::path kept = std::filesystem::path(subfolder) / entry.path().filename();
             ++compared;
             if (entry.path().extension() == ".svg" || entry.path().extension() == ".txt") {
-                EXPECT_EQ(TextOf(entry.path()), TextOf(kept));
+                EXPECT_EQ(RunCommand("cmp '" + entry.path().string() + "' '" + kept.string() + "'").told, "");
                 continue;
             }
             const auto built = platform::LoadPicture(entry.path().string());
@@ -97,9 +67,11 @@ TEST(BuildPictures, NamesFileAndLineOfAFault) {
     for (const Case& spoiled : cases) {
         SCOPED_TRACE(spoiled.line);
         Workshop workshop;
-        workshop.Append(spoiled.file, spoiled.line);
-        EXPECT_EQ(workshop.Build(), 2);
-        EXPECT_THAT(workshop.output, HasSubstr(spoiled.fault));
-        EXPECT_THAT(workshop.output, HasSubstr(std::string("art/") + spoiled.file + ":"));
+        const std::string source = std::string("art/") + spoiled.file;
+        workshop.Write(source, workshop.Read(source) + spoiled.line);
+        const Ending ending = workshop.Build();
+        EXPECT_EQ(ending.exitCode, 2);
+        EXPECT_THAT(ending.told, HasSubstr(spoiled.fault));
+        EXPECT_THAT(ending.told, HasSubstr(source + ":"));
     }
 }

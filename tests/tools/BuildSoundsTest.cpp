@@ -35,7 +35,7 @@ protected:
         return "none";
     }
 
-    TestFolder folder{"scores"};
+    TestFolder folder;
 };
 
 /// The frequency of a steady tone, from its upward crossings.

@@ -5,14 +5,13 @@
 #include "game/Level.h"
 #include "game/Quillfen.h"
 #include "game/player/Pelko.h"
+#include "tests/support/Program.h"
+#include "tests/support/TestFolder.h"
 #include "tools/demo/DemoRun.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -109,12 +108,12 @@ TEST_F(FirstSteps, LooksUnderTheHood) {
 
 // In two processes, since sounds are numbered for the life of one.
 TEST(FirstStepsTrace, IsTheSameToTheLastBitEveryTime) {
-    const auto play = [](const std::string& name) {
-        const std::string path = testing::TempDir() + name;
-        const std::string command = QUILLFEN_BUILD_DIR "/demo_player demos/first-steps.demo --trace '" + path + "'";
-        EXPECT_EQ(std::system(command.c_str()), 0);
-        std::ifstream file(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
+    const TestFolder folder;
+    const auto play = [&folder](const std::string& name) {
+        EXPECT_EQ(
+            RunProgram("demo_player demos/first-steps.demo --trace '" + (folder.Root() / name).string() + "'").exitCode,
+            0);
+        return folder.Read(name);
     };
     const std::string once = play("first-steps-1.trace");
     EXPECT_EQ(std::count(once.begin(), once.end(), '\n'), 1180);

@@ -149,12 +149,14 @@ void ScriptedDesktop::SetKey(int virtualKey, bool isDown) {
 void ScriptedDesktop::PressKey(int virtualKey) {
     SetKey(virtualKey, true);
     if (MainWindow() == nullptr) return;
-    PostMessage(MainWindow(), WM_KEYDOWN, static_cast<WPARAM>(virtualKey), static_cast<LPARAM>(Modifiers()));
+    const auto key = static_cast<WPARAM>(MessageKey(virtualKey));
+    PostMessage(MainWindow(), WM_KEYDOWN, key, static_cast<LPARAM>(Modifiers()));
 }
 
 void ScriptedDesktop::ReleaseKey(int virtualKey) {
     SetKey(virtualKey, false);
-    if (MainWindow() != nullptr) PostMessage(MainWindow(), WM_KEYUP, static_cast<WPARAM>(virtualKey), 0);
+    const auto key = static_cast<WPARAM>(MessageKey(virtualKey));
+    if (MainWindow() != nullptr) PostMessage(MainWindow(), WM_KEYUP, key, 0);
 }
 
 void ScriptedDesktop::Type(int eventFrame, const std::wstring& text) {
@@ -179,7 +181,9 @@ WPARAM ScriptedDesktop::Modifiers() const {
 
 bool ScriptedDesktop::IsKeyDown(int virtualKey) const {
     const std::lock_guard lock(keyMutex);
-    return keys[virtualKey & 255];
+    if (keys[virtualKey & 255]) return true;
+    const int left = VK_LSHIFT + 2 * (virtualKey - VK_SHIFT);
+    return virtualKey >= VK_SHIFT && virtualKey <= VK_MENU && (keys[left] || keys[left + 1]);
 }
 
 std::unique_ptr<Sleeper> ScriptedDesktop::MakeSleeper() {

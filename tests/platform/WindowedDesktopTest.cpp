@@ -31,13 +31,13 @@ public:
                                     " -fbdir " + folder.Root().string() + " 2> /dev/null";
         pipePtr = popen(command.c_str(), "r");
         int display = -1; // it chooses one that is free
-        EXPECT_EQ(std::fscanf(pipePtr, "%d %d", &process, &display), 2);
+        EXPECT_EQ(std::fscanf(pipePtr, "%d %d", &process, &display), 2) << "Xvfb does not start";
         setenv("DISPLAY", (":" + std::to_string(display)).c_str(), 1);
         unsetenv("WAYLAND_DISPLAY");
         setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1); // nobody needs one here, so none should be started
     }
     ~VirtualScreen() {
-        kill(process, SIGTERM);
+        if (process > 0) kill(process, SIGTERM); // 0 would be everybody around
         pclose(pipePtr);
     }
 

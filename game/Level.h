@@ -6,12 +6,13 @@
 #include "game/Singleton.h"
 
 #include <memory>
+#include <vector>
 
 class Bitmap;
 class HitRegion;
 
-/// The one level: its pictures, the solid outline that bodies collide with, the places that trigger something, and the
-/// flag. Everything is in level pixels: the overworld in the top 224 rows, the underground room below its left end.
+/// The level that is played, as its plan describes it: its pictures, the solid outline that bodies collide with, the
+/// places that trigger something, and the flag. Everything is in level pixels.
 class Level {
 public:
     static Level* GetSingleton() { return Singleton<Level>::Get(); }
@@ -34,9 +35,9 @@ public:
 
     /// Whether the flag has come down: the level is won.
     bool IsFlagDown() const { return flagDown; }
-    /// Lies on top of the big pipe, the way down.
+    /// Lies on top of the pipe that leads down; all zero in a level without one.
     RECT2 GetPipeEntryRectVertical() const { return pipeEntryRectVertical; }
-    /// Lies on the floor before the horizontal pipe, the way out of the underground room.
+    /// Lies on the floor at the left of the pipe that leads out; all zero in a level without one.
     RECT2 GetPipeEntryRectHorizontal() const { return pipeEntryRectHorizontal; }
     RECT2 GetFlagpoleRect() const { return flagpoleRect; }
     /// The solid outline, for casting rays; the level keeps it. Without a shape, and hit by nothing, if its file could
@@ -50,15 +51,14 @@ private:
     friend class Singleton<Level>;
     Level();
 
+    void PlacePipeEntries();
     static void PaintAt(Bitmap* bitmapPtr, DOUBLE2 position, const MATRIX3X2& matView);
 
     bool flagReached = false;
     bool flagDown = false;
     std::unique_ptr<Bitmap> backgroundBitmapPtr;
     std::unique_ptr<Bitmap> castleBitmapPtr;
-    std::unique_ptr<Bitmap> pipeBigBitmapPtr;
-    std::unique_ptr<Bitmap> pipeHorizontalBitmapPtr;
-    std::unique_ptr<Bitmap> pipeSmallBitmapPtr;
+    std::vector<std::unique_ptr<Bitmap>> pipeBitmaps; // in the order of the plan
     std::unique_ptr<Bitmap> flagBitmapPtr;
     std::unique_ptr<HitRegion> collisionRegionPtr;
     RECT2 pipeEntryRectVertical;

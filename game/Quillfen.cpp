@@ -1,6 +1,7 @@
 #include "game/Quillfen.h"
 
 #include "engine/GameEngine.h"
+#include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
 #include "game/Level.h"
@@ -22,14 +23,9 @@ constexpr int viewWidth = 256; // level pixels
 constexpr int viewHeight = 224;
 constexpr double followMargin = 80.0; // level pixels from the view's left edge that the hero gets before it follows
 
-// The underground room lies below the left end of the overworld; all in level pixels.
-constexpr DOUBLE2 undergroundView(0.0, 224.0);
-constexpr double undergroundRight = 255.0;
-
 constexpr double freeCameraSpeed = 300.0;           // level pixels / s
 constexpr double freeCameraTurn = std::numbers::pi; // radians / s
 constexpr double freeCameraZoom = 1.0;              // level pixels per window pixel, each second
-constexpr double lowestView = 224.0;                // level pixels
 constexpr double unzoomed = 1.0 / scale;
 
 constexpr int flushTicks = 15; // how long a position may wait before a reader of the output gets it
@@ -71,7 +67,7 @@ void Quillfen::GameInitialize(HINSTANCE hInstance) {
 void Quillfen::GameStart() {
     GameEngine* const enginePtr = GameEngine::GetSingleton();
     enginePtr->SetBitmapInterpolationModeNearestNeighbor();
-    Sound::GetSingleton()->PlayMusic(musicOverworld, soundPlay, volumeUnchanged);
+    Sound::GetSingleton()->PlayMusic(chosenLevel.music.calm, soundPlay, volumeUnchanged);
     cameraZoom = unzoomed;
     fontPtr = std::make_unique<Font>("emulogic", 24.0F);
     enginePtr->SetFont(fontPtr.get());
@@ -119,8 +115,9 @@ void Quillfen::UpdateCamera() {
     if (cameraPosition.x > pelkoPos.x - half) {
         pelkoPtr->SetPosition(half + cameraPosition.x, Pelko::keepCoordinate); // nor does he leave the view
     }
-    if (pelkoPos.y > undergroundView.y && pelkoPos.x > 0.0 && pelkoPos.x < undergroundRight && pelkoPtr->IsAlive()) {
-        cameraPosition = undergroundView;
+    const RoomPlan& room = chosenLevel.room;
+    if (pelkoPos.y > room.top && pelkoPos.x > room.left && pelkoPos.x < room.right && pelkoPtr->IsAlive()) {
+        cameraPosition = room.view;
     } else {
         cameraPosition.y = 0.0;
     }
@@ -146,7 +143,7 @@ void Quillfen::UpdateFreeCamera(double deltaTime) {
     if (isDown('S')) cameraPosition.y += freeCameraSpeed * deltaTime;
     if (isDown('A')) cameraPosition.x -= freeCameraSpeed * deltaTime;
     if (isDown('D')) cameraPosition.x += freeCameraSpeed * deltaTime;
-    cameraPosition.y = std::clamp(cameraPosition.y, 0.0, lowestView);
+    cameraPosition.y = std::clamp(cameraPosition.y, 0.0, chosenLevel.lowestView);
     cameraPosition.x = std::max(cameraPosition.x, 0.0);
     StopCameraAtLevelEnd();
 }
@@ -211,7 +208,7 @@ void Quillfen::KeyPressed(TCHAR key) {
         break;
     case VK_END:
         pelkoPtr->GoUnderground();
-        pelkoPtr->SetPosition(50.0, 300.0);
+        pelkoPtr->SetPosition(chosenLevel.room.debugStart.x, chosenLevel.room.debugStart.y);
         cameraPosition = DOUBLE2(0.0, Level::GetSingleton()->GetHeight() / 2);
         break;
     case VK_DELETE: pelkoPtr->ExitUnderground(); break;

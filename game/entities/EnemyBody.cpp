@@ -2,6 +2,7 @@
 
 #include "engine/GameEngine.h"
 #include "engine/HitRegion.h"
+#include "game/ChosenLevel.h"
 #include "game/Level.h"
 #include "game/player/Pelko.h"
 
@@ -50,6 +51,8 @@ void EnemyBody::ResetVelocity(bool horizontal, bool vertical) {
     if (horizontal) velocity.x = 0.0;
     if (vertical) velocity.y = 0.0;
 }
+
+bool EnemyBody::HasFallenOut() const { return position.y >= chosenLevel.depths.thingsEnd; }
 
 RECT2 EnemyBody::GetCellRect() const {
     return strip.GetCellRect(DOUBLE2(position.x - strip.GetCellWidth() / 2, position.y - strip.GetCellHeight() / 2));

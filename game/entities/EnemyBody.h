@@ -26,7 +26,7 @@ protected:
     void Push(double push, double deltaTime) { velocity.x += (movingLeft ? -push : push) * deltaTime; }
     /// Speeds the fall up by `gravity`, in level pixels / s^2, and moves.
     void Fall(double gravity, double deltaTime);
-    bool HasFallenOut() const { return position.y >= 500.0; }
+    bool HasFallenOut() const;
 
     /// The cell about the position.
     RECT2 GetCellRect() const;

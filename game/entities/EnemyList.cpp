@@ -1,6 +1,6 @@
 #include "game/entities/EnemyList.h"
 
-#include "engine/GameEngine.h"
+#include "game/ChosenLevel.h"
 #include "game/DataFile.h"
 #include "game/SpriteSheet.h"
 #include "game/entities/Dorvak.h"
@@ -64,22 +64,12 @@ DOUBLE2 EnemyList::GetPosition(int index) const { return At(index) ? At(index)->
 int EnemyList::GetType(int index) const { return At(index) ? At(index)->GetType() : -1; }
 
 void EnemyList::ReadEnemyFile() {
-    DataFile file("Resources/Files/Data_Enemies.txt");
-    if (!file.IsReadable()) {
-        GameEngine::GetSingleton()->MessageBox("File <Data_Enemies.txt> Could not be found!");
-        return;
-    }
-    // A record is a position and a type that closes it. One without a whole position waits for the rest of it.
-    int x = 0;
-    int y = 0;
+    DataFile file(chosenLevel.enemyFile);
+    DataRecord record;
     std::size_t count = 0;
-    DataLine line;
-    while (count < enemies.size() && file.ReadLine(line)) {
-        if (line.label == "PositionX:     ") x = line.value;
-        if (line.label == "PositionY:     ") y = line.value;
-        if (line.label != "Type:          " || x == 0 || y == 0) continue;
-        if (line.value == enemySkreel) enemies[count++] = std::make_unique<Skreel>(x, y, skreelBitmapPtr.get());
-        if (line.value == enemyDorvak) enemies[count++] = std::make_unique<Dorvak>(x, y, dorvakBitmapPtr.get());
-        x = y = 0;
+    while (count < enemies.size() && file.ReadRecord("Type:          ", record)) {
+        const auto [x, y, type] = record;
+        if (type == enemySkreel) enemies[count++] = std::make_unique<Skreel>(x, y, skreelBitmapPtr.get());
+        if (type == enemyDorvak) enemies[count++] = std::make_unique<Dorvak>(x, y, dorvakBitmapPtr.get());
     }
 }

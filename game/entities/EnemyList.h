@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <memory>
 
-/// The enemies of the level, placed by Resources/Files/Data_Enemies.txt. An enemy keeps its slot for life; a deleted
+/// The enemies of the level, placed by its enemy file. An enemy keeps its slot for life; a deleted
 /// one leaves the slot empty.
 class EnemyList {
 public:

@@ -1,5 +1,6 @@
 #include "game/entities/EntityList.h"
 
+#include "game/ChosenLevel.h"
 #include "game/SpriteSheet.h"
 #include "game/entities/Coin.h"
 #include "game/entities/CoinBlock.h"
@@ -32,21 +33,17 @@ void EntityList::AddEntity(DOUBLE2 position, int type, int variant) {
 
 void EntityList::CreateCoins() {
     constexpr int spacing = 16;
-    const auto addRow = [this](int left, int y, int count) {
+    for (const auto& [left, y, count] : chosenLevel.coinRows) {
         for (int i = 0; i < count; ++i)
             entities.push_back(std::make_unique<Coin>(left + spacing * i, y, coinBitmapPtr.get()));
-    };
-    addRow(80, 298, 5);
-    addRow(64, 330, 7);
-    addRow(64, 362, 7);
+    }
 }
 
 void EntityList::Tick(double deltaTime) {
-    constexpr double levelEnd = 500.0; // below it an entity has fallen out
     for (const auto& entityPtr : entities)
         if (entityPtr) entityPtr->Tick(deltaTime);
     for (auto& entityPtr : entities)
-        if (entityPtr && entityPtr->GetPosition().y >= levelEnd) entityPtr.reset();
+        if (entityPtr && entityPtr->GetPosition().y >= chosenLevel.depths.thingsEnd) entityPtr.reset();
 }
 
 void EntityList::Paint(MATRIX3X2 matView) {

@@ -17,7 +17,7 @@ public:
     /// Makes what a block releases, 14 pixels below `position` (the block's top-left corner). `type` is a
     /// BlockContent; any other adds nothing. `variant` is the kind of a mushroom.
     void AddEntity(DOUBLE2 position, int type, int variant);
-    /// Places the coins of the underground room.
+    /// Places the coins of the level.
     void CreateCoins();
     /// Ticks every entity, then deletes those that have fallen out of the level.
     void Tick(double deltaTime);

@@ -2,6 +2,7 @@
 
 #include "engine/GameEngine.h"
 #include "engine/HitRegion.h"
+#include "game/ChosenLevel.h"
 #include "game/Level.h"
 
 WalkingPowerUp::WalkingPowerUp(int x, int y, Bitmap* bitmapPtr, int cellCount, int cell, int startState)
@@ -46,12 +47,11 @@ void WalkingPowerUp::Rise(double deltaTime) {
 }
 
 void WalkingPowerUp::Walk(double deltaTime) {
-    constexpr double push = 2000.0;    // the speed of a tick is this times its seconds
-    constexpr double levelEnd = 500.0; // below it has fallen out
+    constexpr double push = 2000.0; // the speed of a tick is this times its seconds
     velocity.x += (movingRight ? push : -push) * deltaTime;
     TurnAtWalls();
     StandOnLevel();
-    if (position.y >= levelEnd) state = entityGone;
+    if (position.y >= chosenLevel.depths.thingsEnd) state = entityGone;
 }
 
 void WalkingPowerUp::TurnAtWalls() {

@@ -1,6 +1,7 @@
 #include "game/player/CollisionList.h"
 
 #include "engine/GameEngine.h"
+#include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
 #include "game/Level.h"
@@ -243,13 +244,11 @@ void CollisionList::CollideFlagPole() {
 }
 
 void CollisionList::CollideShellWithEnemies() {
-    constexpr double overworldTop = 50.0; // the shell works between these only
-    constexpr double overworldBottom = 224.0;
     constexpr int shellScore = 200;
     EnemyList* enemiesPtr = EnemyList::GetSingleton();
     const DOUBLE2 dorvakPos = enemiesPtr->GetPosition(EnemyList::shellSlot);
     const RECT2 dorvak = enemiesPtr->GetHitRect(EnemyList::shellSlot);
-    if (dorvakPos.y <= overworldTop || dorvakPos.y >= overworldBottom) return;
+    if (dorvakPos.y <= chosenLevel.shellZone.top || dorvakPos.y >= chosenLevel.shellZone.bottom) return;
     ForEachTouchingNear(dorvakPos, dorvak, enemiesPtr, EnemyList::shellSlot, [=](int index, RECT2) {
         enemiesPtr->Kill(index);
         HUD::GetSingleton()->AddScore(shellScore);

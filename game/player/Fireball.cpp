@@ -2,6 +2,7 @@
 
 #include "engine/Bitmap.h"
 #include "engine/HitRegion.h"
+#include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
 #include "game/Level.h"
@@ -15,7 +16,6 @@ constexpr int flyingFrames = 4;
 constexpr int explosionFrames = 3;
 constexpr int ticksPerFrame = 6;
 constexpr int lifeTicks = 300;
-constexpr double lowestY = 400.0;          // level pixels; below it a fireball has fallen out of sight
 constexpr double farthestFromHero = 200.0; // level pixels to either side
 constexpr double speed = 170.0;            // level pixels / s
 constexpr DOUBLE2 gravity(0.0, 13.0);      // pixels per tick, each second: the fall depends on the frame rate
@@ -42,8 +42,8 @@ void Fireball::Tick(double deltaTime) {
 
 void Fireball::EndWhenOldOrFar() {
     const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
-    if (tickCounter >= lifeTicks || position.y >= lowestY || position.x < pelkoPos.x - farthestFromHero ||
-        position.x > pelkoPos.x + farthestFromHero) {
+    if (tickCounter >= lifeTicks || position.y >= chosenLevel.depths.fireballsEnd ||
+        position.x < pelkoPos.x - farthestFromHero || position.x > pelkoPos.x + farthestFromHero) {
         state = done;
     }
 }

@@ -6,6 +6,7 @@
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
 #include "engine/HitRegion.h"
+#include "game/ChosenLevel.h"
 #include "game/DataFile.h"
 #include "game/HUD.h"
 #include "game/Level.h"
@@ -34,14 +35,6 @@ constexpr DOUBLE2 walkHomeVelocity(25.0, 40.0); // level pixels / s; the fall ke
 constexpr int autoMoveTicks = 90;
 constexpr int hurtTicks = 180;
 
-constexpr DOUBLE2 startPosition(50.0, 150.0);
-constexpr DOUBLE2 undergroundPosition(50.0, 250.0);
-constexpr DOUBLE2 pipeExitPosition(2623.0, 136.0);
-constexpr DOUBLE2 undergroundCamera(0.0, 224.0);
-constexpr double checkpointX = 1130.0; // from here on he starts again at the checkpoint
-constexpr DOUBLE2 checkpointPosition(1072.0, 180.0);
-constexpr double fallOutY = 2000.0;
-
 constexpr double footInset = 2.0;   // level pixels from the sides to the feet
 constexpr double boxInset = 3.0;    // level pixels that the side box leaves free at head and feet
 constexpr double throwHeight = 5.0; // level pixels from his top edge to a new fireball's centre
@@ -66,26 +59,11 @@ Pelko::Pelko()
 Pelko::~Pelko() = default;
 
 void Pelko::ReadDataFile() {
-    DataFile file("Resources/Files/Data_Pelko.txt");
-    if (!file.IsReadable()) {
-        GameEngine::GetSingleton()->MessageBox("File <Data_Pelko.txt> Could not be found!");
-        return;
-    }
-    int x = 0;
-    int y = 0;
-    DataLine line;
-    while (file.ReadLine(line)) {
-        if (line.label == "PositionX:     ") {
-            x = line.value;
-        } else if (line.label == "PositionY:     ") {
-            y = line.value;
-        } else if (line.label == "FormState:     " && x != 0 && y != 0) {
-            // The form closes a record; one without a place is not used, and what it gave so far counts on.
-            position = DOUBLE2(x, y);
-            form = line.value;
-            x = 0;
-            y = 0;
-        }
+    DataFile file(chosenLevel.heroFile);
+    DataRecord record;
+    while (file.ReadRecord("FormState:     ", record)) { // the last record counts
+        position = DOUBLE2(record.x, record.y);
+        form = record.value;
     }
 }
 
@@ -253,7 +231,7 @@ void Pelko::WalkFacingRight() {
 }
 
 void Pelko::PassCheckpoint() {
-    if (position.x >= checkpointX) respawnPoint = checkpointPosition;
+    if (position.x >= chosenLevel.checkpoint.fromX) respawnPoint = chosenLevel.checkpoint.start;
 }
 
 void Pelko::StayInLevel() {
@@ -264,7 +242,7 @@ void Pelko::StayInLevel() {
 }
 
 void Pelko::RespawnAfterFall() {
-    if (position.y <= fallOutY) return;
+    if (position.y <= chosenLevel.depths.heroReturns) return;
     SetAlive(true);
     velocity = {};
     Quillfen::GetSingleton()->SetCameraPosition(0.0, 0.0);
@@ -377,29 +355,28 @@ void Pelko::ShootFireball() {
 }
 
 void Pelko::GoUnderground() {
-    Quillfen::GetSingleton()->SetCameraPosition(undergroundCamera.x, undergroundCamera.y);
-    Teleport(undergroundPosition, musicUnderworld, musicUnderworldHurry);
+    const RoomPlan& room = chosenLevel.room;
+    Quillfen::GetSingleton()->SetCameraPosition(room.view.x, room.view.y);
+    Teleport(room.start, room.music);
 }
 
-void Pelko::ExitUnderground() {
-    Teleport(pipeExitPosition, musicOverworld, musicOverworldHurry);
-} // the camera follows by itself
+void Pelko::ExitUnderground() { Teleport(chosenLevel.room.exit, chosenLevel.music); } // the camera follows by itself
 
 void Pelko::ResetToStart() {
     Quillfen::GetSingleton()->SetCameraPosition(0.0, 0.0);
-    Teleport(startPosition, musicOverworld, musicOverworldHurry);
+    Teleport(chosenLevel.start, chosenLevel.music);
 }
 
-void Pelko::Teleport(DOUBLE2 target, int music, int hurryMusic) {
+void Pelko::Teleport(DOUBLE2 target, const MusicPlan& music) {
     velocity = {};
     sinking = walkingOut = walkingIntoCastle = false;
     position = target;
-    PlayMusicForTime(music, hurryMusic);
+    PlayMusicForTime(music);
 }
 
-void Pelko::PlayMusicForTime(int music, int hurryMusic) {
+void Pelko::PlayMusicForTime(const MusicPlan& music) {
     constexpr int hurryTime = 100; // what the HUD shows when the music begins to hurry
-    Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music : hurryMusic, soundPlay,
+    Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music.calm : music.hurried, soundPlay,
                                      volumeUnchanged);
 }
 

@@ -12,6 +12,7 @@
 
 class Bitmap;
 class HitRegion;
+struct MusicPlan;
 
 enum HeroForm : int { heroSmall = 0, heroBig = 1, heroFire = 2 };
 
@@ -152,8 +153,8 @@ private:
     bool IsDying() const { return state == heroDying || !alive; }
     bool CollidesWithLevel() const;
     int Height() const;
-    void Teleport(DOUBLE2 target, int music, int hurryMusic);
-    static void PlayMusicForTime(int music, int hurryMusic);
+    void Teleport(DOUBLE2 target, const MusicPlan& music);
+    static void PlayMusicForTime(const MusicPlan& music);
 
     void PaintSprite();
     int NextStarBand();

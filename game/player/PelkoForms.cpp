@@ -2,6 +2,7 @@
 
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
+#include "game/ChosenLevel.h"
 #include "game/Level.h"
 #include "game/Sound.h"
 #include "game/player/Pelko.h"
@@ -92,7 +93,7 @@ void Pelko::UpdateStar() {
     if (Level::GetSingleton()->IsFlagDown()) {
         Sound::GetSingleton()->PlayMusic(musicCastleComplete, soundPlay, volumeUnchanged);
     } else {
-        PlayMusicForTime(musicOverworld, musicOverworldHurry);
+        PlayMusicForTime(chosenLevel.music);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "tools/level_check/PlayCheck.h"
 
 #include "engine/GameEngine.h"
+#include "game/ChosenLevel.h"
 #include "game/Handy.h"
 #include "game/Level.h"
 #include "game/entities/EnemyList.h"
@@ -33,8 +34,7 @@ bool Overlap(RECT2 a, RECT2 b) { return HasBox(a) && HasBox(b) && Handy::GetSing
 void PlayCheck::Run(Findings& findings) {
     Prepare();
     Explore(Pelko::GetSingleton()->GetPosition());
-    constexpr DOUBLE2 undergroundStart(50.0, 250.0);
-    if (pipeEntered) Explore(undergroundStart);
+    if (pipeEntered) Explore(chosenLevel.room.start);
 
     const BlockList& blocks = *BlockList::GetSingleton();
     for (int i = 0; i < BlockList::blockCount; ++i) {

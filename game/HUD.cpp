@@ -3,6 +3,7 @@
 #include "engine/COLOR.h"
 #include "engine/GameEngine.h"
 #include "engine/MATRIX3X2.h"
+#include "game/StateReport.h"
 
 #include <algorithm>
 #include <string>
@@ -89,6 +90,14 @@ void HUD::AddCoin() {
     constexpr int pointsPerCoin = 200;
     ++coins;
     AddScore(pointsPerCoin);
+}
+
+void HUD::Report(StateReport& report) const {
+    report.Add("tickCount", tickCount);
+    report.Add("coinFrame", coinFrame);
+    report.Add("peakHold", peakHold);
+    report.Add("lastDelta", lastDelta);
+    report.Add("peakDelta", peakDelta);
 }
 
 void HUD::DrawBitmapText(String const& text, int x, int y) {

@@ -9,6 +9,7 @@
 
 class Bitmap;
 class HitRegion;
+class StateReport;
 
 /// The one level: its pictures, the solid outline that bodies collide with, the places that trigger something, and the
 /// flag. Everything is in level pixels: the overworld in the top 224 rows, the underground room below its left end.
@@ -45,6 +46,7 @@ public:
     /// The size of the level, which is that of its background.
     int GetWidth() const;
     int GetHeight() const;
+    void Report(StateReport& report) const;
 
 private:
     friend class Singleton<Level>;

@@ -3,6 +3,7 @@
 #include "engine/GameEngine.h"
 #include "engine/HitRegion.h"
 #include "game/Level.h"
+#include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
 EnemyBody::EnemyBody(int x, int y, Bitmap* bitmapPtr, int cellCount)
@@ -49,6 +50,13 @@ void EnemyBody::HandleLevelCollision() {
 void EnemyBody::ResetVelocity(bool horizontal, bool vertical) {
     if (horizontal) velocity.x = 0.0;
     if (vertical) velocity.y = 0.0;
+}
+
+void EnemyBody::Report(StateReport& report) const {
+    report.Add("velocity", velocity);
+    report.Add("movingLeft", movingLeft);
+    report.Add("active", active);
+    strip.Report(report);
 }
 
 RECT2 EnemyBody::GetCellRect() const {

@@ -4,6 +4,7 @@
 #include "engine/GameEngine.h"
 #include "engine/MATRIX3X2.h"
 #include "game/ChosenLevel.h"
+#include "game/StateReport.h"
 
 #include <algorithm>
 #include <string>
@@ -90,6 +91,14 @@ void HUD::AddCoin() {
     constexpr int pointsPerCoin = 200;
     ++coins;
     AddScore(pointsPerCoin);
+}
+
+void HUD::Report(StateReport& report) const {
+    report.Add("tickCount", tickCount);
+    report.Add("coinFrame", coinFrame);
+    report.Add("peakHold", peakHold);
+    report.Add("lastDelta", lastDelta);
+    report.Add("peakDelta", peakDelta);
 }
 
 void HUD::DrawBitmapText(String const& text, int x, int y) {

@@ -6,6 +6,7 @@
 #include "game/ChosenLevel.h"
 #include "game/Sound.h"
 #include "game/SpriteSheet.h"
+#include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
 namespace {
@@ -98,6 +99,11 @@ void Level::PaintDebugPipes(MATRIX3X2 matView) {
 int Level::GetWidth() const { return backgroundBitmapPtr->GetWidth(); }
 
 int Level::GetHeight() const { return backgroundBitmapPtr->GetHeight(); }
+
+void Level::Report(StateReport& report) const {
+    report.Add("flagReached", flagReached);
+    report.Add("flagPosition", flagPosition);
+}
 
 void Level::PaintAt(Bitmap* bitmapPtr, DOUBLE2 position, const MATRIX3X2& matView) {
     GameEngine* const enginePtr = GameEngine::GetSingleton();

@@ -10,6 +10,7 @@
 
 class Bitmap;
 class HitRegion;
+class StateReport;
 
 /// The level that is played, as its plan describes it: its pictures, the solid outline that bodies collide with, the
 /// places that trigger something, and the flag. Everything is in level pixels.
@@ -46,6 +47,7 @@ public:
     /// The size of the level, which is that of its background.
     int GetWidth() const;
     int GetHeight() const;
+    void Report(StateReport& report) const;
 
 private:
     friend class Singleton<Level>;

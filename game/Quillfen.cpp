@@ -6,6 +6,7 @@
 #include "game/Handy.h"
 #include "game/Level.h"
 #include "game/Sound.h"
+#include "game/StateReport.h"
 #include "game/entities/EnemyList.h"
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
@@ -224,4 +225,13 @@ void Quillfen::KeyPressed(TCHAR key) {
 void Quillfen::Toggle(bool& mode, wchar_t const* name) {
     mode = !mode;
     GameEngine::OutputDebugString(String(name) + static_cast<int>(mode) + L"\n");
+}
+
+void Quillfen::Report(StateReport& report) const {
+    report.Add("debugMode", debugMode);
+    report.Add("freeCamera", freeCamera);
+    report.Add("paused", paused);
+    report.Add("starCheat", starCheat);
+    report.Add("angle", cameraAngle);
+    report.Add("zoom", cameraZoom);
 }

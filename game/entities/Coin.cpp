@@ -1,6 +1,7 @@
 #include "game/entities/Coin.h"
 
 #include "engine/GameEngine.h"
+#include "game/StateReport.h"
 
 Coin::Coin(int x, int y, Bitmap* bitmapPtr) : EntityMaster(x, y, bitmapPtr), position(x, y), strip(bitmapPtr, 6) {}
 
@@ -25,4 +26,9 @@ RECT2 Coin::GetHitRect() {
     box.left += inset;
     box.right -= inset;
     return box;
+}
+
+void Coin::Report(StateReport& report) const {
+    report.Add("collected", collected);
+    strip.Report(report);
 }

@@ -21,6 +21,7 @@ public:
     int GetType() override { return entityCoin; }
     void SetState(int /*state*/) override {}
     int GetVariant() override { return 0; }
+    void Report(StateReport& report) const override;
 
 private:
     bool collected = false;

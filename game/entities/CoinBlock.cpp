@@ -2,6 +2,7 @@
 
 #include "game/HUD.h"
 #include "game/Sound.h"
+#include "game/StateReport.h"
 
 CoinBlock::CoinBlock(int x, int y, Bitmap* bitmapPtr)
     : EntityMaster(x, y, bitmapPtr), position(x, y), strip(bitmapPtr, 4) {
@@ -26,4 +27,10 @@ void CoinBlock::Tick(double deltaTime) {
 
 void CoinBlock::Paint(MATRIX3X2 matView) {
     if (state == entityEmerging || state == entityActive) strip.Paint(position, matView);
+}
+
+void CoinBlock::Report(StateReport& report) const {
+    report.Add("state", state);
+    report.Add("age", age);
+    strip.Report(report);
 }

@@ -21,6 +21,7 @@ public:
     int GetType() override { return entityCoinBlock; }
     void SetState(int newState) override { state = newState; }
     int GetVariant() override { return 0; }
+    void Report(StateReport& report) const override;
 
 private:
     int age = 0; // ticks

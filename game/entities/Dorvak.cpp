@@ -1,6 +1,7 @@
 #include "game/entities/Dorvak.h"
 
 #include "engine/GameEngine.h"
+#include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
 Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 4) {}
@@ -58,4 +59,9 @@ bool Dorvak::IsDead() {
     const int heroX = static_cast<int>(Pelko::GetSingleton()->GetPosition().x);
     const int windowWidth = GameEngine::GetSingleton()->GetWidth();
     return heroX - windowWidth / 2 > position.x || position.x > heroX + windowWidth;
+}
+
+void Dorvak::Report(StateReport& report) const {
+    EnemyBody::Report(report);
+    report.Add("state", state);
 }

@@ -16,6 +16,7 @@ public:
     int GetType() override { return enemyDorvak; }
     /// Fallen out, or no longer walking and far from the hero.
     bool IsDead() override;
+    void Report(StateReport& report) const override;
 
 private:
     enum State : int { walking = 0, shellAtRest = 1, shellSliding = 2, dying = 3 };

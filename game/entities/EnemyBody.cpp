@@ -4,6 +4,7 @@
 #include "engine/HitRegion.h"
 #include "game/ChosenLevel.h"
 #include "game/Level.h"
+#include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
 EnemyBody::EnemyBody(int x, int y, Bitmap* bitmapPtr, int cellCount)
@@ -53,6 +54,13 @@ void EnemyBody::ResetVelocity(bool horizontal, bool vertical) {
 }
 
 bool EnemyBody::HasFallenOut() const { return position.y >= chosenLevel.depths.thingsEnd; }
+
+void EnemyBody::Report(StateReport& report) const {
+    report.Add("velocity", velocity);
+    report.Add("movingLeft", movingLeft);
+    report.Add("active", active);
+    strip.Report(report);
+}
 
 RECT2 EnemyBody::GetCellRect() const {
     return strip.GetCellRect(DOUBLE2(position.x - strip.GetCellWidth() / 2, position.y - strip.GetCellHeight() / 2));

@@ -14,6 +14,7 @@ public:
     void HandleLevelCollision() override;
     void ResetVelocity(bool horizontal, bool vertical) override;
     void SetMovingLeft(bool left) override { movingLeft = left; }
+    void Report(StateReport& report) const override;
 
 protected:
     EnemyBody(int x, int y, Bitmap* bitmapPtr, int cellCount);

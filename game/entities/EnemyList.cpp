@@ -63,6 +63,10 @@ DOUBLE2 EnemyList::GetPosition(int index) const { return At(index) ? At(index)->
 
 int EnemyList::GetType(int index) const { return At(index) ? At(index)->GetType() : -1; }
 
+void EnemyList::Report(int index, StateReport& report) const {
+    if (At(index)) At(index)->Report(report);
+}
+
 void EnemyList::ReadEnemyFile() {
     DataFile file(chosenLevel.enemyFile);
     DataRecord record;

@@ -39,6 +39,8 @@ public:
     DOUBLE2 GetPosition(int index) const;
     /// An EnemyType; -1 for an empty slot.
     int GetType(int index) const;
+    /// Nothing for an empty slot.
+    void Report(int index, StateReport& report) const;
 
 private:
     friend class Singleton<EnemyList>;

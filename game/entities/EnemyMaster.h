@@ -5,6 +5,7 @@
 #include "engine/RECT2.h"
 
 class Bitmap;
+class StateReport;
 
 /// What GetType answers, and what the enemy file's Type says.
 enum EnemyType : int { enemySkreel = 0, enemyDorvak = 1 };
@@ -37,4 +38,5 @@ public:
     /// The list may delete it.
     virtual bool IsDead() = 0;
     virtual void SetMovingLeft(bool movingLeft) = 0;
+    virtual void Report(StateReport& report) const = 0;
 };

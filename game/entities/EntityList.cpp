@@ -78,6 +78,10 @@ DOUBLE2 EntityList::GetPosition(int index) const { return At(index) ? At(index)-
 
 int EntityList::GetType(int index) const { return At(index) ? At(index)->GetType() : -1; }
 
+void EntityList::Report(int index, StateReport& report) const {
+    if (At(index)) At(index)->Report(report);
+}
+
 int EntityList::GetMushroomVariant(int index) const {
     return GetType(index) == entityMushroom ? At(index)->GetVariant() : -1;
 }

@@ -39,6 +39,8 @@ public:
     DOUBLE2 GetPosition(int index) const;
     /// An EntityType; -1 for an empty slot.
     int GetType(int index) const;
+    /// Nothing for an empty slot.
+    void Report(int index, StateReport& report) const;
     /// -1 for anything but a mushroom.
     int GetMushroomVariant(int index) const;
 

@@ -5,6 +5,7 @@
 #include "engine/RECT2.h"
 
 class Bitmap;
+class StateReport;
 
 /// What GetType answers.
 enum EntityType : int { entityCoinBlock = 0, entityCoin = 1, entityFlower = 2, entityMushroom = 3, entityStar = 4 };
@@ -53,4 +54,5 @@ public:
     virtual void SetState(int state) = 0;
     /// Which kind of mushroom; 0 for everything else.
     virtual int GetVariant() = 0;
+    virtual void Report(StateReport& report) const = 0;
 };

@@ -1,6 +1,7 @@
 #include "game/entities/Flower.h"
 
 #include "engine/GameEngine.h"
+#include "game/StateReport.h"
 
 Flower::Flower(int x, int y, Bitmap* bitmapPtr)
     : EntityMaster(x, y, bitmapPtr), position(x, y), strip(bitmapPtr, 4), targetY(y - strip.GetCellHeight()) {}
@@ -25,4 +26,11 @@ void Flower::Paint(MATRIX3X2 matView) {
 void Flower::PaintDebug(MATRIX3X2) {
     GameEngine::GetSingleton()->SetColor(COLOR(80, 200, 50, 80));
     GameEngine::GetSingleton()->FillRect(hitRect);
+}
+
+void Flower::Report(StateReport& report) const {
+    report.Add("state", state);
+    report.Add("targetY", targetY);
+    report.Add("hitRect", hitRect);
+    strip.Report(report);
 }

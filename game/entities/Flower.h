@@ -21,6 +21,7 @@ public:
     int GetType() override { return entityFlower; }
     void SetState(int newState) override { state = newState; }
     int GetVariant() override { return 0; }
+    void Report(StateReport& report) const override;
 
 private:
     DOUBLE2 position;

@@ -1,5 +1,7 @@
 #include "game/entities/Skreel.h"
 
+#include "game/StateReport.h"
+
 Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 3) {}
 
 void Skreel::Tick(double deltaTime) {
@@ -41,4 +43,10 @@ bool Skreel::Kill() {
     state = dying;
     velocity.y -= hopSpeed;
     return true;
+}
+
+void Skreel::Report(StateReport& report) const {
+    EnemyBody::Report(report);
+    report.Add("state", state);
+    report.Add("flattenedTicks", flattenedTicks);
 }

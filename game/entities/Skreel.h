@@ -15,6 +15,7 @@ public:
     RECT2 GetHitRect() override { return state == walking ? GetCellRect() : RECT2(); }
     int GetType() override { return enemySkreel; }
     bool IsDead() override { return HasFallenOut() || flattenedTicks < 1; }
+    void Report(StateReport& report) const override;
 
 private:
     enum State : int { walking = 0, flattened = 1, dying = 2 };

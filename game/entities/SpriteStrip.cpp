@@ -29,3 +29,8 @@ void SpriteStrip::Paint(DOUBLE2 position, const MATRIX3X2& matView) const {
 RECT2 SpriteStrip::GetCellRect(DOUBLE2 position) const {
     return {position.x, position.y, position.x + cellWidth, position.y + cellHeight};
 }
+
+void SpriteStrip::Report(StateReport& report) const {
+    cycle.Report(report);
+    report.Add("cell", clip);
+}

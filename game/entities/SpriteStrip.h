@@ -25,6 +25,7 @@ public:
     int GetCellHeight() const { return cellHeight; }
     /// What a cell with its top-left corner at `position` covers.
     RECT2 GetCellRect(DOUBLE2 position) const;
+    void Report(StateReport& report) const;
 
 private:
     Bitmap* bitmapPtr;

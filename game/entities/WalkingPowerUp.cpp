@@ -4,6 +4,7 @@
 #include "engine/HitRegion.h"
 #include "game/ChosenLevel.h"
 #include "game/Level.h"
+#include "game/StateReport.h"
 
 WalkingPowerUp::WalkingPowerUp(int x, int y, Bitmap* bitmapPtr, int cellCount, int cell, int startState)
     : EntityMaster(x, y, bitmapPtr), strip(bitmapPtr, cellCount), targetY(y), hitRect(strip.GetCellRect(DOUBLE2(x, y))),
@@ -30,6 +31,14 @@ void WalkingPowerUp::Paint(MATRIX3X2 matView) {
 void WalkingPowerUp::ResetVelocity(bool horizontal, bool vertical) {
     if (horizontal) velocity.x = 0.0;
     if (vertical) velocity.y = 0.0;
+}
+
+void WalkingPowerUp::Report(StateReport& report) const {
+    report.Add("state", state);
+    report.Add("velocity", velocity);
+    report.Add("movingRight", movingRight);
+    report.Add("targetY", targetY);
+    strip.Report(report);
 }
 
 void WalkingPowerUp::FillHitRect(COLOR color) const {

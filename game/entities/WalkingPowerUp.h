@@ -18,6 +18,7 @@ public:
     void Move(DOUBLE2 delta) override { position += delta; }
     void ResetVelocity(bool horizontal, bool vertical) override;
     void SetState(int newState) override { state = newState; }
+    void Report(StateReport& report) const override;
 
 protected:
     /// Shows cell `cell` of the bitmap's `cellCount`, from the start in `startState`.

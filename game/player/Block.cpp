@@ -3,6 +3,7 @@
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
 #include "game/Sound.h"
+#include "game/StateReport.h"
 #include "game/entities/EntityMaster.h"
 
 namespace {
@@ -68,6 +69,17 @@ int Block::GetType() const {
     case blockTreasure: return blockTypeTreasure;
     default: return blockTypeBrick;
     }
+}
+
+void Block::Report(StateReport& report) const {
+    report.Add("state", state);
+    report.Add("finished", finished);
+    report.Add("hits", hits);
+    report.Add("content", content);
+    report.Add("variant", variant);
+    report.Add("restY", restY);
+    questionCycle.Report(report);
+    report.Add("cell", DOUBLE2(clip.left / size, clip.top / size));
 }
 
 void Block::Finish() {

@@ -7,6 +7,7 @@
 #include "platform/Types.h"
 
 class Bitmap;
+class StateReport;
 
 /// What a block is made as and what it is at the moment; also its row in the sheet.
 enum BlockState : int { blockBrick = 0, blockQuestion = 1, blockUsed = 2, blockBroken = 3, blockTreasure = 4 };
@@ -43,6 +44,7 @@ public:
     DOUBLE2 GetPosition() const { return position; }
     int GetContent() const { return content; }
     int GetVariant() const { return variant; }
+    void Report(StateReport& report) const;
 
 private:
     void Finish();

@@ -30,6 +30,7 @@ public:
     DOUBLE2 GetPosition(int index) const { return At(index).GetPosition(); }
     /// A BlockType.
     int GetType(int index) const { return At(index).GetType(); }
+    void Report(int index, StateReport& report) const { At(index).Report(report); }
 
 private:
     friend class Singleton<BlockList>;

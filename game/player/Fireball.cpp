@@ -7,6 +7,7 @@
 #include "game/Handy.h"
 #include "game/Level.h"
 #include "game/Sound.h"
+#include "game/StateReport.h"
 #include "game/entities/EnemyList.h"
 #include "game/player/BlockList.h"
 #include "game/player/Pelko.h"
@@ -137,4 +138,14 @@ void Fireball::Paint(MATRIX3X2 matView) {
     const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
     strip.Show(frame);
     strip.Paint(matCenter * matTranslate * matView);
+}
+
+void Fireball::Report(StateReport& report) const {
+    report.Add("state", state);
+    report.Add("frame", frame);
+    report.Add("tickCounter", tickCounter);
+    report.Add("direction", direction);
+    report.Add("position", position);
+    report.Add("velocity", velocity);
+    report.Add("box", hitRect);
 }

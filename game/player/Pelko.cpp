@@ -13,6 +13,7 @@
 #include "game/Quillfen.h"
 #include "game/Sound.h"
 #include "game/SpriteSheet.h"
+#include "game/StateReport.h"
 #include "platform/Messages.h"
 
 #include <algorithm>
@@ -396,4 +397,37 @@ RECT2 Pelko::GetHitRectHorizontal() const {
 RECT2 Pelko::GetHitRectVertical() const {
     if (!alive || invulnerable) return {};
     return {position.x, position.y, position.x, position.y + Height()};
+}
+
+void Pelko::Report(StateReport& report) const {
+    report.Add("velocity", velocity);
+    report.Add("state", state);
+    report.Add("sideBox", GetHitRectHorizontal());
+    report.Add("heightBox", GetHitRectVertical());
+    report.Add("respawnPoint", respawnPoint);
+    report.Add("invulnerabilityCounter", invulnerabilityCounter);
+    report.Add("frameColumn", frameColumn);
+    report.Add("walkFrameTimer", walkFrameTimer);
+
+    report.Add("sinking", sinking);
+    report.Add("walkingOut", walkingOut);
+    report.Add("walkingIntoCastle", walkingIntoCastle);
+    report.Add("autoMoveCounter", autoMoveCounter);
+
+    report.Add("transforming", transforming);
+    report.Add("bigToSmall", formChanges[bigToSmall]);
+    report.Add("fireToSmall", formChanges[fireToSmall]);
+    report.Add("smallToBig", formChanges[smallToBig]);
+    report.Add("bigToFire", formChanges[bigToFire]);
+    report.Add("formChangeCounter", formChangeCounter);
+    report.Add("flickers", flickers);
+
+    report.Add("starCounter", starCounter);
+    report.Add("starTickCounter", starTickCounter);
+    report.Add("starPalette", starPalette);
+}
+
+Fireball const* Pelko::GetFireball(int place) const {
+    const std::optional<Fireball>& fireball = fireballs[static_cast<std::size_t>(place)];
+    return fireball ? &*fireball : nullptr;
 }

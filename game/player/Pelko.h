@@ -13,6 +13,7 @@
 class Bitmap;
 class HitRegion;
 struct MusicPlan;
+class StateReport;
 
 enum HeroForm : int { heroSmall = 0, heroBig = 1, heroFire = 2 };
 
@@ -93,7 +94,11 @@ public:
     RECT2 GetHitRectHorizontal() const;
     /// The box for contacts at head and feet, a line without width; all zero while nothing can touch him.
     RECT2 GetHitRectVertical() const;
+    void Report(StateReport& report) const;
+    /// Null for an empty place, 0 to fireballCount - 1.
+    Fireball const* GetFireball(int place) const;
 
+    static constexpr int fireballCount = 2;
     static constexpr double keepCoordinate = 0.123;
 
 private:
@@ -190,5 +195,5 @@ private:
     std::unique_ptr<Bitmap> fireballBitmapPtr; // both lent to the fireballs below
     std::unique_ptr<Bitmap> explosionBitmapPtr;
     HitRegion* levelRegionPtr;
-    std::array<std::optional<Fireball>, 2> fireballs;
+    std::array<std::optional<Fireball>, fireballCount> fireballs;
 };

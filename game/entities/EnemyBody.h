@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/COLOR.h"
+#include "game/Motion.h"
 #include "game/entities/EnemyMaster.h"
 #include "game/entities/SpriteStrip.h"
 
@@ -9,10 +10,10 @@
 class EnemyBody : public EnemyMaster {
 public:
     void Release() override {}
-    DOUBLE2 GetPosition() override { return position; }
-    void Move(DOUBLE2 delta) override { position += delta; }
+    DOUBLE2 GetPosition() override { return motion.position; }
+    void Move(DOUBLE2 delta) override { motion.position += delta; }
     void HandleLevelCollision() override;
-    void ResetVelocity(bool horizontal, bool vertical) override;
+    void ResetVelocity(bool horizontal, bool vertical) override { motion.ResetVelocity(horizontal, vertical); }
     void SetMovingLeft(bool left) override { movingLeft = left; }
     void Report(StateReport& report) const override;
 
@@ -23,10 +24,8 @@ protected:
     /// speed of the tick before away. False while it sleeps.
     bool BeginTick();
     void AnimateWalk() { strip.Animate(8, 2); }
-    /// Pushes it on the way it faces; `push` times the seconds of this tick is the tick's speed.
-    void Push(double push, double deltaTime) { velocity.x += (movingLeft ? -push : push) * deltaTime; }
-    /// Speeds the fall up by `gravity`, in level pixels / s^2, and moves.
-    void Fall(double gravity, double deltaTime);
+    /// Pushes it where it faces; `push` times the seconds of this tick is the tick's speed.
+    void Push(double push, double deltaTime) { motion.velocity.x += (movingLeft ? -push : push) * deltaTime; }
     bool HasFallenOut() const;
 
     /// The cell about the position.
@@ -37,11 +36,7 @@ protected:
     void PaintFacing(const MATRIX3X2& matView) const { PaintCentered(movingLeft ? 1.0 : -1.0, 1.0, matView); }
     void FillHitRect(COLOR color, const MATRIX3X2& matView);
 
-    static constexpr double walkPush = 2000.0;
-    static constexpr double normalGravity = 800.0; // level pixels / s^2
-
-    DOUBLE2 position; // the centre of the picture
-    DOUBLE2 velocity; // level pixels / s
+    Motion motion; // the position is the centre of the picture
     SpriteStrip strip;
 
 private:

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "engine/COLOR.h"
+#include "game/Motion.h"
 #include "game/entities/EntityMaster.h"
 #include "game/entities/SpriteStrip.h"
-
-class HitRegion;
 
 /// What the mushroom and the star share: both walk, fall, stand on the level's outline and turn at its walls. That
 /// blocks hold them up is decided with the other contacts, through Move and ResetVelocity.
@@ -12,11 +11,11 @@ class WalkingPowerUp : public EntityMaster {
 public:
     void Tick(double deltaTime) override;
     void Paint(MATRIX3X2 matView) override;
-    DOUBLE2 GetPosition() override { return position; }
+    DOUBLE2 GetPosition() override { return motion.position; }
     int GetScore() override { return 1000; }
     void Collect() override {}
-    void Move(DOUBLE2 delta) override { position += delta; }
-    void ResetVelocity(bool horizontal, bool vertical) override;
+    void Move(DOUBLE2 delta) override { motion.position += delta; }
+    void ResetVelocity(bool horizontal, bool vertical) override { motion.ResetVelocity(horizontal, vertical); }
     void SetState(int newState) override { state = newState; }
     void Report(StateReport& report) const override;
 
@@ -39,7 +38,5 @@ private:
     bool IsShown() const { return state == entityEmerging || state == entityActive; }
 
     bool movingRight = true;
-    DOUBLE2 position;
-    DOUBLE2 velocity; // level pixels / s
-    HitRegion* outlinePtr;
+    Motion motion; // the position is the top-left corner
 };

@@ -1,13 +1,12 @@
 #include "game/player/Fireball.h"
 
 #include "engine/Bitmap.h"
-#include "engine/HitRegion.h"
 #include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
-#include "game/Level.h"
 #include "game/Sound.h"
 #include "game/StateReport.h"
+#include "game/TerrainContact.h"
 #include "game/entities/EnemyList.h"
 #include "game/player/BlockList.h"
 #include "game/player/Pelko.h"
@@ -67,20 +66,16 @@ void Fireball::TickExploding() {
 
 void Fireball::BounceOffGround() {
     const DOUBLE2 start(position.x, position.y - flyingStrip.GetCellWidth() / 2);
-    const DOUBLE2 vector(0.0, height);
-    HIT hitArr[1];
-    if (Level::GetSingleton()->GetCollisionRegion()->Raycast(start, vector, hitArr, 1, -1) == 0) return;
+    const auto ground = TerrainContact::Cast(start, DOUBLE2(0.0, height), TerrainContact::enteredSurfaces);
+    if (!ground) return;
     velocity.y -= bounce; // off the fall, not instead of it: a faster fall bounces less high
-    position.y -= (1.0 - hitArr[0].lambda) * vector.y;
+    position += ground->PushBack();
 }
 
 void Fireball::ExplodeAtWall() {
     const int cellWidth = flyingStrip.GetCellWidth();
-    HIT hitArr[1];
-    const DOUBLE2 start(position.x - cellWidth / 2, position.y);
-    if (Level::GetSingleton()->GetCollisionRegion()->Raycast(start, DOUBLE2(cellWidth, 0.0), hitArr, 1, 0) > 0) {
-        Explode();
-    }
+    const DOUBLE2 left(position.x - cellWidth / 2, position.y);
+    if (TerrainContact::Cast(left, DOUBLE2(cellWidth, 0.0), TerrainContact::everySurface)) Explode();
 }
 
 void Fireball::ExplodeAtEnemy() {

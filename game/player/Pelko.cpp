@@ -5,7 +5,6 @@
 
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
-#include "engine/HitRegion.h"
 #include "game/ChosenLevel.h"
 #include "game/DataFile.h"
 #include "game/HUD.h"
@@ -14,13 +13,13 @@
 #include "game/Sound.h"
 #include "game/SpriteSheet.h"
 #include "game/StateReport.h"
+#include "game/TerrainContact.h"
 #include "platform/Messages.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr DOUBLE2 gravity(0.0, 800.0);      // level pixels / s^2
 constexpr double walkAcceleration = 120.0;  // level pixels / s^2
 constexpr double brakeAcceleration = 400.0; // level pixels / s^2, also that of friction
 constexpr double walkSpeed = 100.0;         // level pixels / s, the highest
@@ -52,8 +51,7 @@ bool IsKeyDown(VirtualKey key) { return GameEngine::GetSingleton()->IsKeyDown(ke
 Pelko::Pelko()
     : spriteSheetPtr(std::make_unique<Bitmap>("Resources/Images/Pelkos.png")),
       fireballBitmapPtr(LoadSpriteSheet("Resources/Images/Fireball.bmp")),
-      explosionBitmapPtr(LoadSpriteSheet("Resources/Images/Explosion.bmp")),
-      levelRegionPtr(Level::GetSingleton()->GetCollisionRegion()) {
+      explosionBitmapPtr(LoadSpriteSheet("Resources/Images/Explosion.bmp")) {
     ReadDataFile();
 }
 
@@ -63,7 +61,7 @@ void Pelko::ReadDataFile() {
     DataFile file(chosenLevel.heroFile);
     DataRecord record;
     while (file.ReadRecord("FormState:     ", record)) { // the last record counts
-        position = DOUBLE2(record.x, record.y);
+        motion.position = DOUBLE2(record.x, record.y);
         form = record.value;
     }
 }
@@ -73,7 +71,7 @@ void Pelko::Tick(double deltaTime) {
     BeginFormChangeTick();
     UpdateInvulnerability();
     TickState();
-    velocity.x = std::clamp(velocity.x, -walkSpeed, walkSpeed);
+    motion.velocity.x = std::clamp(motion.velocity.x, -walkSpeed, walkSpeed);
     Travel(); // the states choose the velocity, this spends it
     PassCheckpoint();
     StayInLevel();
@@ -153,7 +151,7 @@ void Pelko::TickDying() {
 }
 
 void Pelko::TickAirborne() {
-    if (std::abs(velocity.y) < landedSpeed) {
+    if (std::abs(motion.velocity.y) < landedSpeed) {
         frameColumn = standingColumn;
         state = heroStanding;
         return;
@@ -165,26 +163,26 @@ void Pelko::TickAirborne() {
     }
 }
 
-bool Pelko::IsFalling() const { return std::abs(velocity.y) > fallingSpeed; }
+bool Pelko::IsFalling() const { return std::abs(motion.velocity.y) > fallingSpeed; }
 
 void Pelko::Jump() {
     frameColumn = jumpColumn;
-    velocity.y -= jumpSpeed;
+    motion.velocity.y -= jumpSpeed;
     Sound::GetSingleton()->PlaySound(effectJump, soundPlay, volumeUnchanged);
     state = heroAirborne;
 }
 
 void Pelko::Accelerate(int direction) {
-    if (velocity.x * direction < 0.0) velocity.x += direction * brakeAcceleration * tickSeconds;
-    velocity.x += direction * walkAcceleration * tickSeconds;
+    if (motion.velocity.x * direction < 0.0) motion.velocity.x += direction * brakeAcceleration * tickSeconds;
+    motion.velocity.x += direction * walkAcceleration * tickSeconds;
 }
 
 void Pelko::ApplyFriction() {
-    if (std::abs(velocity.x) < standSpeed) velocity.x = 0.0;
-    if (velocity.x > 0.0) {
-        velocity.x -= brakeAcceleration * tickSeconds;
-    } else if (velocity.x < 0.0) {
-        velocity.x += brakeAcceleration * tickSeconds;
+    if (std::abs(motion.velocity.x) < standSpeed) motion.velocity.x = 0.0;
+    if (motion.velocity.x > 0.0) {
+        motion.velocity.x -= brakeAcceleration * tickSeconds;
+    } else if (motion.velocity.x < 0.0) {
+        motion.velocity.x += brakeAcceleration * tickSeconds;
     }
 }
 
@@ -199,15 +197,14 @@ void Pelko::Travel() {
         if (walkingIntoCastle) WalkIntoCastle();
         return;
     }
-    velocity += gravity * tickSeconds;
-    position += velocity * tickSeconds;
+    motion.Fall(Motion::gravity, tickSeconds);
 }
 
 void Pelko::SinkIntoPipe() {
     if (--autoMoveCounter < 0) {
         GoUnderground();
     } else {
-        position.y += sinkSpeed * tickSeconds;
+        motion.position.y += sinkSpeed * tickSeconds;
     }
 }
 
@@ -216,13 +213,13 @@ void Pelko::WalkOutOfPipe() {
         ExitUnderground();
     } else {
         WalkFacingRight();
-        position.x += walkOutSpeed * tickSeconds;
+        motion.position.x += walkOutSpeed * tickSeconds;
     }
 }
 
 void Pelko::WalkIntoCastle() {
     WalkFacingRight();
-    position += walkHomeVelocity * tickSeconds;
+    motion.position += walkHomeVelocity * tickSeconds;
 }
 
 void Pelko::WalkFacingRight() {
@@ -232,77 +229,65 @@ void Pelko::WalkFacingRight() {
 }
 
 void Pelko::PassCheckpoint() {
-    if (position.x >= chosenLevel.checkpoint.fromX) respawnPoint = chosenLevel.checkpoint.start;
+    if (motion.position.x >= chosenLevel.checkpoint.fromX) respawnPoint = chosenLevel.checkpoint.start;
 }
 
 void Pelko::StayInLevel() {
     constexpr int half = width / 2;
     const int levelWidth = Level::GetSingleton()->GetWidth();
-    if (position.x - half < 0.0) position.x = half;
-    if (position.x + half > levelWidth) position.x = levelWidth - half;
+    if (motion.position.x - half < 0.0) motion.position.x = half;
+    if (motion.position.x + half > levelWidth) motion.position.x = levelWidth - half;
 }
 
 void Pelko::RespawnAfterFall() {
-    if (position.y <= chosenLevel.depths.heroReturns) return;
+    if (motion.position.y <= chosenLevel.depths.heroReturns) return;
     SetAlive(true);
-    velocity = {};
+    motion.velocity = {};
     Quillfen::GetSingleton()->SetCameraPosition(0.0, 0.0);
-    position = respawnPoint;
+    motion.position = respawnPoint;
 }
 
 bool Pelko::CollidesWithLevel() const { return alive && !sinking && !walkingOut; }
 
 void Pelko::StayOutOfWalls() {
     if (!CollidesWithLevel()) return;
-    const DOUBLE2 widthVector(width - 1, 0.0);
     // Twice: between two walls the second cast finds what the push from the first one left.
     for (int cast = 0; cast < 2; ++cast) {
-        const DOUBLE2 rayStart(position.x - width / 2, position.y + Height() / 2);
-        HIT hitArr[1];
-        if (levelRegionPtr->Raycast(rayStart, widthVector, hitArr, 1, 0) == 0) continue;
-        const double lambda = hitArr[0].lambda;
-        velocity.x = 0.0;
-        if (lambda > 0.5) {
-            position.x -= (1.0 - lambda) * widthVector.x;
-        } else {
-            position.x += lambda * widthVector.x;
-        }
+        const DOUBLE2 left(motion.position.x - width / 2, motion.position.y + Height() / 2);
+        const auto wall = TerrainContact::Cast(left, DOUBLE2(width - 1, 0.0), TerrainContact::everySurface);
+        if (!wall) continue;
+        motion.velocity.x = 0.0;
+        motion.position += wall->PushOut();
     }
 }
 
 void Pelko::StandOnGround() {
     if (!CollidesWithLevel()) return;
     const double height = Height();
-    const DOUBLE2 heightVector(0.0, height);
-    HIT hitArr[1];
+    const double x = motion.position.x;
+    const auto stopAt = [this](DOUBLE2 start, DOUBLE2 ray) {
+        const auto surface = TerrainContact::Cast(start, ray, TerrainContact::enteredSurfaces);
+        if (!surface) return;
+        motion.velocity.y = 0.0;
+        motion.position += surface->PushBack();
+    };
     // Two rays, not one: with a single middle ray a foot would hang through the edge of a platform.
-    for (const double footX : {position.x - width / 2 + footInset, position.x + width / 2 - footInset}) {
-        const DOUBLE2 rayStart(footX, position.y);
-        if (levelRegionPtr->Raycast(rayStart, heightVector, hitArr, 1, -1) == 0) continue;
-        velocity.y = 0.0;
-        position.y -= (1.0 - hitArr[0].lambda) * height;
+    for (const double footX : {x - width / 2 + footInset, x + width / 2 - footInset}) {
+        stopAt(DOUBLE2(footX, motion.position.y), DOUBLE2(0.0, height));
     }
-    const DOUBLE2 feet(position.x - width / 2, position.y + height);
-    if (levelRegionPtr->Raycast(feet, DOUBLE2(0.0, -height), hitArr, 1, -1) == 0) return;
-    velocity.y = 0.0;
-    position.y += (1.0 - hitArr[0].lambda) * height;
+    stopAt(DOUBLE2(x - width / 2, motion.position.y + height), DOUBLE2(0.0, -height)); // his head
 }
 
 // What happens to him
 
 void Pelko::SetPosition(double x, double y) {
-    if (x != keepCoordinate) position.x = x;
-    if (y != keepCoordinate) position.y = y;
+    if (x != keepCoordinate) motion.position.x = x;
+    if (y != keepCoordinate) motion.position.y = y;
 }
 
-void Pelko::ResetVelocity(bool x, bool y) {
-    if (x) velocity.x = 0.0;
-    if (y) velocity.y = 0.0;
-}
+void Pelko::StompBounce() { motion.velocity.y = -stompBounceSpeed; }
 
-void Pelko::StompBounce() { velocity.y = -stompBounceSpeed; }
-
-void Pelko::BumpHead() { velocity.y = -velocity.y / 2.0; }
+void Pelko::BumpHead() { motion.velocity.y = -motion.velocity.y / 2.0; }
 
 void Pelko::Hurt() {
     if (IsDying()) return;
@@ -327,7 +312,7 @@ void Pelko::SetAlive(bool newAlive) {
         return;
     }
     SetState(heroDying);
-    velocity = DOUBLE2(0.0, -jumpSpeed); // the death hop
+    motion.velocity = DOUBLE2(0.0, -jumpSpeed); // the death hop
 }
 
 void Pelko::SetState(int newState) {
@@ -351,7 +336,7 @@ void Pelko::ShootFireball() {
     }
     const auto emptyPlace = std::find(fireballs.begin(), fireballs.end(), std::nullopt);
     if (emptyPlace == fireballs.end()) return;
-    emptyPlace->emplace(DOUBLE2(position.x, position.y + throwHeight), fireballBitmapPtr.get(),
+    emptyPlace->emplace(DOUBLE2(motion.position.x, motion.position.y + throwHeight), fireballBitmapPtr.get(),
                         explosionBitmapPtr.get());
 }
 
@@ -369,9 +354,9 @@ void Pelko::ResetToStart() {
 }
 
 void Pelko::Teleport(DOUBLE2 target, const MusicPlan& music) {
-    velocity = {};
+    motion.velocity = {};
     sinking = walkingOut = walkingIntoCastle = false;
-    position = target;
+    motion.position = target;
     PlayMusicForTime(music);
 }
 
@@ -389,18 +374,18 @@ int Pelko::Height() const { return GetFormState() == heroSmall ? smallHeight : b
 
 RECT2 Pelko::GetHitRectHorizontal() const {
     if (!alive || invulnerable) return {};
-    const double left = position.x - width / 2;
-    const double top = position.y + boxInset;
+    const double left = motion.position.x - width / 2;
+    const double top = motion.position.y + boxInset;
     return {left, top, left + width, top + Height() - 2.0 * boxInset};
 }
 
 RECT2 Pelko::GetHitRectVertical() const {
     if (!alive || invulnerable) return {};
-    return {position.x, position.y, position.x, position.y + Height()};
+    return {motion.position.x, motion.position.y, motion.position.x, motion.position.y + Height()};
 }
 
 void Pelko::Report(StateReport& report) const {
-    report.Add("velocity", velocity);
+    report.Add("velocity", motion.velocity);
     report.Add("state", state);
     report.Add("sideBox", GetHitRectHorizontal());
     report.Add("heightBox", GetHitRectVertical());

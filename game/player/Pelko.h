@@ -3,6 +3,7 @@
 #include "engine/DOUBLE2.h"
 #include "engine/MATRIX3X2.h"
 #include "engine/RECT2.h"
+#include "game/Motion.h"
 #include "game/Singleton.h"
 #include "game/player/Fireball.h"
 
@@ -11,7 +12,6 @@
 #include <optional>
 
 class Bitmap;
-class HitRegion;
 struct MusicPlan;
 class StateReport;
 
@@ -49,8 +49,8 @@ public:
 
     /// A coordinate that is exactly `keepCoordinate` stays as it is.
     void SetPosition(double x, double y);
-    void Move(DOUBLE2 delta) { position += delta; }
-    void ResetVelocity(bool x, bool y);
+    void Move(DOUBLE2 delta) { motion.position += delta; }
+    void ResetVelocity(bool x, bool y) { motion.ResetVelocity(x, y); }
     /// Up again after landing on an enemy.
     void StompBounce();
     /// Down again after hitting a block from below.
@@ -81,7 +81,7 @@ public:
 
     // Questions
 
-    DOUBLE2 GetPosition() const { return position; }
+    DOUBLE2 GetPosition() const { return motion.position; }
     /// A HeroForm.
     int GetFormState() const;
     int GetWidth() const { return width; }
@@ -186,14 +186,12 @@ private:
     int autoMoveCounter = 0;
 
     double tickSeconds = 0.0; // of the current tick
-    DOUBLE2 position;
-    DOUBLE2 velocity;
+    Motion motion;
     DOUBLE2 respawnPoint;
     int form = heroSmall;
     int state = heroStanding;
     std::unique_ptr<Bitmap> spriteSheetPtr;
     std::unique_ptr<Bitmap> fireballBitmapPtr; // both lent to the fireballs below
     std::unique_ptr<Bitmap> explosionBitmapPtr;
-    HitRegion* levelRegionPtr;
     std::array<std::optional<Fireball>, fireballCount> fireballs;
 };

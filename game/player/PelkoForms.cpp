@@ -54,7 +54,7 @@ void Pelko::TickChanged() {
     transforming = false;
     invulnerabilityCounter = 0;
     invulnerable = false;
-    velocity = {};
+    motion.velocity = {};
     state = heroStanding;
 }
 
@@ -107,7 +107,7 @@ void Pelko::Paint(MATRIX3X2 matView) {
     // centre the cell on the position's line, mirror it there, put it in the level, then apply the camera
     const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(-width / 2, 0.0);
     const MATRIX3X2 matScale = MATRIX3X2::CreateScalingMatrix(facingRight ? 1.0 : -1.0, 1.0);
-    const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
+    const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(motion.position);
     GameEngine::GetSingleton()->SetWorldMatrix(matCenter * matScale * matTranslate * matView);
     PaintSprite();
 

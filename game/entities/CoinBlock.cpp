@@ -4,33 +4,22 @@
 #include "game/Sound.h"
 #include "game/StateReport.h"
 
-CoinBlock::CoinBlock(int x, int y, Bitmap* bitmapPtr)
-    : EntityMaster(x, y, bitmapPtr), position(x, y), strip(bitmapPtr, 4) {
+CoinBlock::CoinBlock(int x, int y, Bitmap* bitmapPtr) : BlockGift(x, y, bitmapPtr, 4, entityEmerging) {
     Sound::GetSingleton()->PlaySound(effectCoin, soundPlay, 50);
     HUD::GetSingleton()->AddCoin();
 }
 
 void CoinBlock::Tick(double deltaTime) {
+    constexpr double levelTop = 0.0;
     constexpr double riseSpeed = 100.0; // level pixels / s
-    constexpr double highestY = 0.0;    // the top of the level
     constexpr int lifeTicks = 20;
     ++age;
-    if (state == entityEmerging) {
-        if (position.y > highestY)
-            position.y -= riseSpeed * deltaTime;
-        else
-            state = entityActive;
-    }
+    if (state == entityEmerging) Rise(levelTop, riseSpeed, deltaTime);
     if (age >= lifeTicks) state = entityGone;
     strip.Animate(3, 4);
 }
 
-void CoinBlock::Paint(MATRIX3X2 matView) {
-    if (state == entityEmerging || state == entityActive) strip.Paint(position, matView);
-}
-
 void CoinBlock::Report(StateReport& report) const {
-    report.Add("state", state);
+    BlockGift::Report(report);
     report.Add("age", age);
-    strip.Report(report);
 }

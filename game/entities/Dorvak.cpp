@@ -4,7 +4,7 @@
 #include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
-Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 4) {}
+Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, kind) {}
 
 void Dorvak::Tick(double deltaTime) {
     constexpr int shellCell = 2;

@@ -6,8 +6,8 @@
 #include "game/TerrainContact.h"
 #include "game/player/Pelko.h"
 
-EnemyBody::EnemyBody(int x, int y, Bitmap* bitmapPtr, int cellCount)
-    : EnemyMaster(x, y, bitmapPtr), motion{DOUBLE2(x, y), {}}, strip(bitmapPtr, cellCount) {}
+EnemyBody::EnemyBody(int x, int y, Bitmap* bitmapPtr, const EnemyKind& ownKind)
+    : EnemyMaster(x, y, bitmapPtr), motion{DOUBLE2(x, y), {}}, strip(bitmapPtr, ownKind.cellCount), kind(ownKind) {}
 
 bool EnemyBody::BeginTick() {
     constexpr double wakeDistance = 190.0; // level pixels, either side

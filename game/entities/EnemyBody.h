@@ -15,10 +15,13 @@ public:
     void HandleLevelCollision() override;
     void ResetVelocity(bool horizontal, bool vertical) override { motion.ResetVelocity(horizontal, vertical); }
     void SetMovingLeft(bool left) override { movingLeft = left; }
+    int GetType() override { return kind.type; }
+    const EnemyKind& GetKind() const override { return kind; }
     void Report(StateReport& report) const override;
 
 protected:
-    EnemyBody(int x, int y, Bitmap* bitmapPtr, int cellCount);
+    /// Borrows the bitmap and `kind`, which must outlive it.
+    EnemyBody(int x, int y, Bitmap* bitmapPtr, const EnemyKind& kind);
 
     /// Begins a tick: wakes the enemy, for good, when the hero is within 190 level pixels, and takes the horizontal
     /// speed of the tick before away. False while it sleeps.
@@ -40,6 +43,7 @@ protected:
     SpriteStrip strip;
 
 private:
+    const EnemyKind& kind;
     bool movingLeft = true;
     bool active = false;
 };

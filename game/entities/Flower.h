@@ -1,32 +1,19 @@
 #pragma once
 
-#include "game/entities/EntityMaster.h"
-#include "game/entities/SpriteStrip.h"
+#include "game/entities/BlockGift.h"
 
-/// Rises out of its block and stays on top of it. It can be touched when it has arrived.
-class Flower : public EntityMaster {
+/// Rises out of its block and stays on top of it. It can be touched when it has arrived. It gives the big hero fire.
+class Flower : public BlockGift {
 public:
     Flower(int x, int y, Bitmap* bitmapPtr);
     void Tick(double deltaTime) override;
-    void Paint(MATRIX3X2 matView) override;
-    bool Take() override { return false; }
-    DOUBLE2 GetPosition() override { return position; }
-    /// Draws under the world matrix that is set: the coins before it in the list set the view.
-    void PaintDebug(MATRIX3X2 matView) override;
+    void PaintDebug(MATRIX3X2 /*matView*/) override { FillRect(hitRect, COLOR(80, 200, 50, 80)); }
     RECT2 GetHitRect() override { return state == entityActive ? hitRect : RECT2(); }
-    int GetScore() override { return 0; }
-    void Collect() override {}
-    void Move(DOUBLE2 /*delta*/) override {}
-    void ResetVelocity(bool /*horizontal*/, bool /*vertical*/) override {}
+    void GiveTo(Pelko& hero) override;
     int GetType() override { return entityFlower; }
-    void SetState(int newState) override { state = newState; }
-    int GetVariant() override { return 0; }
     void Report(StateReport& report) const override;
 
 private:
-    DOUBLE2 position;
-    SpriteStrip strip;
     int targetY; // where it stops rising
     RECT2 hitRect;
-    int state = entityEmerging;
 };

@@ -1,5 +1,8 @@
 #include "game/entities/Mushroom.h"
 
+#include "game/Sound.h"
+#include "game/player/Pelko.h"
+
 Mushroom::Mushroom(int x, int y, Bitmap* bitmapPtr, int kind)
     : WalkingPowerUp(x, y, bitmapPtr, 2, kind, entityEmerging), variant(kind) {
     targetY = y - strip.GetCellHeight();
@@ -10,4 +13,8 @@ bool Mushroom::Take() {
     return true;
 }
 
-void Mushroom::PaintDebug(MATRIX3X2) { FillHitRect(COLOR(255, 0, 255, 150)); }
+void Mushroom::GiveTo(Pelko& hero) {
+    if (hero.GetFormState() == heroSmall && variant == 0) hero.Grow();
+    Sound::GetSingleton()->PlaySound(effectPowerUp, soundPlay, 100);
+    PayPowerUp();
+}

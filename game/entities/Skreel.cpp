@@ -2,7 +2,7 @@
 
 #include "game/StateReport.h"
 
-Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 3) {}
+Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, kind) {}
 
 void Skreel::Tick(double deltaTime) {
     constexpr int flatCell = 2;

@@ -1,20 +1,18 @@
 #include "game/entities/WalkingPowerUp.h"
 
-#include "engine/GameEngine.h"
 #include "game/ChosenLevel.h"
 #include "game/StateReport.h"
 #include "game/TerrainContact.h"
 
 WalkingPowerUp::WalkingPowerUp(int x, int y, Bitmap* bitmapPtr, int cellCount, int cell, int startState)
-    : EntityMaster(x, y, bitmapPtr), strip(bitmapPtr, cellCount), targetY(y), hitRect(strip.GetCellRect(DOUBLE2(x, y))),
-      state(startState), motion{DOUBLE2(x, y), {}} {
+    : BlockGift(x, y, bitmapPtr, cellCount, startState), targetY(y), hitRect(strip.GetCellRect(DOUBLE2(x, y))) {
     strip.Show(cell);
 }
 
 void WalkingPowerUp::Tick(double deltaTime) {
     motion.velocity.x = 0.0;
     if (state == entityEmerging)
-        Rise(deltaTime);
+        LeaveBlock(deltaTime);
     else if (state == entityActive)
         Walk(deltaTime);
     if (state == entityActive) motion.velocity.y += Motion::gravity * deltaTime;
@@ -22,27 +20,18 @@ void WalkingPowerUp::Tick(double deltaTime) {
     hitRect = IsShown() ? strip.GetCellRect(motion.position) : RECT2();
 }
 
-void WalkingPowerUp::Paint(MATRIX3X2 matView) {
-    if (IsShown()) strip.Paint(motion.position, matView);
-}
-
 void WalkingPowerUp::Report(StateReport& report) const {
-    report.Add("state", state);
+    BlockGift::Report(report);
     report.Add("velocity", motion.velocity);
     report.Add("movingRight", movingRight);
     report.Add("targetY", targetY);
-    strip.Report(report);
 }
 
-void WalkingPowerUp::FillHitRect(COLOR color) const {
-    GameEngine::GetSingleton()->SetColor(color);
-    GameEngine::GetSingleton()->FillRect(hitRect);
-}
-
-void WalkingPowerUp::Rise(double deltaTime) {
+// Not a Rise: it goes on until it is above its target, and falls in the same tick.
+void WalkingPowerUp::LeaveBlock(double deltaTime) {
     constexpr double riseSpeed = 50.0; // level pixels / s
     if (motion.position.y >= targetY) motion.position.y -= riseSpeed * deltaTime;
-    if (targetY > motion.position.y) {
+    if (motion.position.y < targetY) {
         motion.velocity.y = 0.0;
         state = entityActive;
     }

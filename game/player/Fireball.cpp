@@ -20,7 +20,6 @@ constexpr double farthestFromHero = 200.0; // level pixels to either side
 constexpr double speed = 170.0;            // level pixels / s
 constexpr DOUBLE2 gravity(0.0, 13.0);      // pixels per tick, each second: the fall depends on the frame rate
 constexpr double bounce = 3.0;             // pixels per tick, taken off the fall
-constexpr int nearRadius = 50;             // level pixels; nothing farther away is looked at
 } // namespace
 
 Fireball::Fireball(DOUBLE2 startPosition, Bitmap* flyingBitmapPtr, Bitmap* explodingBitmapPtr)
@@ -84,7 +83,7 @@ void Fireball::ExplodeAtEnemy() {
         if (!Touches(enemiesPtr->GetPosition(i), enemiesPtr->GetHitRect(i))) continue;
         Sound::GetSingleton()->PlaySound(effectKillEnemy, soundPlay, 100);
         enemiesPtr->Kill(i);
-        HUD::GetSingleton()->AddScore(enemiesPtr->GetType(i) == enemySkreel ? 100 : 400);
+        HUD::GetSingleton()->AddScore(enemiesPtr->GetPoints(i));
         Explode();
         return; // one fireball, one enemy
     }
@@ -114,8 +113,7 @@ void Fireball::Explode() {
 
 bool Fireball::Touches(DOUBLE2 otherPosition, RECT2 otherBox) const {
     const Handy* const handyPtr = Handy::GetSingleton();
-    return HasBox(otherBox) && handyPtr->IsPointNear(otherPosition, position, nearRadius) &&
-           handyPtr->RectsOverlap(otherBox, hitRect);
+    return handyPtr->AreNear(otherPosition, position) && handyPtr->Touch(otherBox, hitRect);
 }
 
 RECT2 Fireball::BoxAt(DOUBLE2 centre) const {

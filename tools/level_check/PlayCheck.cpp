@@ -27,7 +27,7 @@ constexpr double fellOutY = 460.0;
 constexpr int placeSize = 12; // places closer together than this are one
 constexpr int smallHeight = 16;
 
-bool Overlap(RECT2 a, RECT2 b) { return HasBox(a) && HasBox(b) && Handy::GetSingleton()->RectsOverlap(a, b); }
+bool Touch(RECT2 a, RECT2 b) { return Handy::GetSingleton()->Touch(a, b); }
 
 } // namespace
 
@@ -110,9 +110,9 @@ void PlayCheck::LookAround() {
 
     const Level& level = *Level::GetSingleton();
     const Pelko& hero = *Pelko::GetSingleton();
-    if (Overlap(hero.GetHitRectHorizontal(), level.GetFlagpoleRect())) flagTouched = true;
-    if (Overlap(hero.GetHitRectVertical(), level.GetPipeEntryRectVertical())) pipeEntered = true;
-    if (Overlap(hero.GetHitRectVertical(), level.GetPipeEntryRectHorizontal())) pipeLeft = true;
+    if (Touch(hero.GetHitRectHorizontal(), level.GetFlagpoleRect())) flagTouched = true;
+    if (Touch(hero.GetHitRectVertical(), level.GetPipeEntryRectVertical())) pipeEntered = true;
+    if (Touch(hero.GetHitRectVertical(), level.GetPipeEntryRectHorizontal())) pipeLeft = true;
 }
 
 void PlayCheck::Explore(DOUBLE2 start) {

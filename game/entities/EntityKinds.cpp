@@ -1,0 +1,29 @@
+#include "game/entities/EntityKinds.h"
+
+#include "game/entities/Coin.h"
+#include "game/entities/CoinBlock.h"
+#include "game/entities/Flower.h"
+#include "game/entities/Mushroom.h"
+#include "game/entities/Star.h"
+
+namespace {
+template <typename Entity>
+std::unique_ptr<EntityMaster> Make(int x, int y, Bitmap* bitmapPtr, int variant) {
+    if constexpr (std::is_constructible_v<Entity, int, int, Bitmap*, int>) {
+        return std::make_unique<Entity>(x, y, bitmapPtr, variant);
+    } else {
+        return std::make_unique<Entity>(x, y, bitmapPtr);
+    }
+}
+} // namespace
+
+std::span<const EntityKind> EntityKinds() {
+    static constexpr EntityKind kinds[] = {
+        {entityCoin, contentNothing, "Resources/Images/Coin.bmp", Make<Coin>},
+        {entityCoinBlock, contentCoin, "Resources/Images/CoinBlock.bmp", Make<CoinBlock>},
+        {entityFlower, contentFlower, "Resources/Images/Flower.bmp", Make<Flower>},
+        {entityMushroom, contentMushroom, "Resources/Images/Mushroom.bmp", Make<Mushroom>},
+        {entityStar, contentStar, "Resources/Images/Star.bmp", Make<Star>},
+    };
+    return kinds;
+}

@@ -1,6 +1,7 @@
 #include "game/Quillfen.h"
 
 #include "engine/GameEngine.h"
+#include "game/Actions.h"
 #include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
@@ -12,7 +13,6 @@
 #include "game/player/BlockList.h"
 #include "game/player/CollisionList.h"
 #include "game/player/Pelko.h"
-#include "platform/Messages.h"
 
 #include <algorithm>
 #include <iostream>
@@ -48,11 +48,7 @@ void Quillfen::GameInitialize(HINSTANCE hInstance) {
     enginePtr->RunGameLoop(true);
     enginePtr->SetWidth(scale * viewWidth);
     enginePtr->SetHeight(scale * viewHeight);
-    String keys(L"EQOUPI");
-    for (const VirtualKey key : {VK_SPACE, VK_ESCAPE, VK_HOME, VK_END, VK_DELETE, VK_ESCAPE, VK_TAB}) {
-        keys += static_cast<wchar_t>(key);
-    }
-    enginePtr->SetKeyList(keys);
+    enginePtr->SetKeyList(ReleasedKeys());
     enginePtr->SetVSync(true);
     // Decoded while the window opens, in the order in which the first frame asks for them.
     enginePtr->GetWICImagingFactory()->Prefetch(
@@ -131,19 +127,18 @@ void Quillfen::StopCameraAtLevelEnd() {
 }
 
 void Quillfen::UpdateFreeCamera(double deltaTime) {
-    const auto isDown = [](int key) { return GameEngine::GetSingleton()->IsKeyDown(key); };
-    if (isDown(VK_NUMPAD0 + 6)) cameraAngle += freeCameraTurn * deltaTime;
-    if (isDown(VK_NUMPAD0 + 4)) cameraAngle -= freeCameraTurn * deltaTime;
-    if (isDown(VK_NUMPAD0 + 8)) cameraZoom += freeCameraZoom * deltaTime;
-    if (isDown(VK_NUMPAD0 + 2)) cameraZoom -= freeCameraZoom * deltaTime;
-    if (isDown(VK_NUMPAD0 + 5)) {
+    if (IsHeld(Action::turnRight)) cameraAngle += freeCameraTurn * deltaTime;
+    if (IsHeld(Action::turnLeft)) cameraAngle -= freeCameraTurn * deltaTime;
+    if (IsHeld(Action::zoomOut)) cameraZoom += freeCameraZoom * deltaTime;
+    if (IsHeld(Action::zoomIn)) cameraZoom -= freeCameraZoom * deltaTime;
+    if (IsHeld(Action::resetCamera)) {
         cameraAngle = 0.0;
         cameraZoom = unzoomed;
     }
-    if (isDown('W')) cameraPosition.y -= freeCameraSpeed * deltaTime;
-    if (isDown('S')) cameraPosition.y += freeCameraSpeed * deltaTime;
-    if (isDown('A')) cameraPosition.x -= freeCameraSpeed * deltaTime;
-    if (isDown('D')) cameraPosition.x += freeCameraSpeed * deltaTime;
+    if (IsHeld(Action::cameraUp)) cameraPosition.y -= freeCameraSpeed * deltaTime;
+    if (IsHeld(Action::cameraDown)) cameraPosition.y += freeCameraSpeed * deltaTime;
+    if (IsHeld(Action::cameraLeft)) cameraPosition.x -= freeCameraSpeed * deltaTime;
+    if (IsHeld(Action::cameraRight)) cameraPosition.x += freeCameraSpeed * deltaTime;
     cameraPosition.y = std::clamp(cameraPosition.y, 0.0, chosenLevel.lowestView);
     cameraPosition.x = std::max(cameraPosition.x, 0.0);
     StopCameraAtLevelEnd();
@@ -191,34 +186,36 @@ void Quillfen::PaintDebug(const MATRIX3X2& matView) {
 
 void Quillfen::KeyPressed(TCHAR key) {
     Pelko* const pelkoPtr = Pelko::GetSingleton();
-    switch (key) {
-    case 'E': Toggle(debugMode, L"Debug mode: "); break;
-    case 'Q': Toggle(freeCamera, L"Free camera mode: "); break;
-    case 'P':
+    const std::optional<Action> action = ActionOfRelease(key);
+    if (!action) return;
+    switch (*action) {
+    case Action::showBoxes: Toggle(debugMode, L"Debug mode: "); break;
+    case Action::freeCamera: Toggle(freeCamera, L"Free camera mode: "); break;
+    case Action::pause:
         Sound::GetSingleton()->PlaySound(effectTest, soundPlay, 100);
         paused = !paused;
         break;
-    case 'U': pelkoPtr->SetFormState(heroSmall); break;
-    case 'I': pelkoPtr->SetFormState(heroBig); break;
-    case 'O': pelkoPtr->SetFormState(heroFire); break;
-    case VK_HOME:
+    case Action::becomeSmall: pelkoPtr->SetFormState(heroSmall); break;
+    case Action::becomeBig: pelkoPtr->SetFormState(heroBig); break;
+    case Action::becomeFire: pelkoPtr->SetFormState(heroFire); break;
+    case Action::goToStart:
         pelkoPtr->ResetToStart();
         pelkoPtr->SetAlive(true);
         pelkoPtr->SetState(heroStanding);
         cameraPosition = DOUBLE2(0.0, 0.0);
         break;
-    case VK_END:
+    case Action::goToRoom:
         pelkoPtr->GoUnderground();
         pelkoPtr->SetPosition(chosenLevel.room.debugStart.x, chosenLevel.room.debugStart.y);
         cameraPosition = DOUBLE2(0.0, Level::GetSingleton()->GetHeight() / 2);
         break;
-    case VK_DELETE: pelkoPtr->ExitUnderground(); break;
-    case VK_SPACE:
+    case Action::leaveRoom: pelkoPtr->ExitUnderground(); break;
+    case Action::throwFireball:
         if (pelkoPtr->GetFormState() == heroFire) pelkoPtr->ShootFireball();
         break;
-    case VK_TAB: starCheat = !starCheat; break;
-    case VK_ESCAPE: GameEngine::GetSingleton()->QuitGame(); break;
-    default: break;
+    case Action::keepStar: starCheat = !starCheat; break;
+    case Action::quit: GameEngine::GetSingleton()->QuitGame(); break;
+    default: break; // the others are asked for while they are held
     }
 }
 

@@ -15,7 +15,7 @@ int ContentOf(int kind, int content) {
     return kind == blockQuestion && content == contentNothing ? contentCoin : content;
 }
 
-RECT CellAt(int column, int row) { return {column * size, row * size, column * size + size, row * size + size}; }
+RECT2 CellAt(int column, int row) { return RECT2(column * size, row * size, column * size + size, row * size + size); }
 
 } // namespace
 
@@ -39,7 +39,7 @@ void Block::Tick(double tickSeconds) {
 void Block::Paint(MATRIX3X2 matView) {
     GameEngine* enginePtr = GameEngine::GetSingleton();
     enginePtr->SetWorldMatrix(MATRIX3X2::CreateTranslationMatrix(position) * matView);
-    enginePtr->DrawBitmap(sheetPtr, 0, 0, clip);
+    enginePtr->DrawBitmap(sheetPtr, DOUBLE2(), clip);
     enginePtr->SetColor(COLOR(0, 0, 0, 255));
 }
 

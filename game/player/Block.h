@@ -4,7 +4,6 @@
 #include "engine/MATRIX3X2.h"
 #include "engine/RECT2.h"
 #include "game/FrameCycle.h"
-#include "platform/Types.h"
 
 class Bitmap;
 class StateReport;
@@ -58,6 +57,6 @@ private:
     double deltaTime = 0.0; // of the last tick; how far a bump jumps depends on it
     Bitmap* sheetPtr;
     DOUBLE2 position; // top-left corner
-    RECT clip;        // the cell to draw
+    RECT2 clip;       // the cell to draw
     int state;
 };

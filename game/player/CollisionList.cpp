@@ -1,6 +1,7 @@
 #include "game/player/CollisionList.h"
 
 #include "engine/GameEngine.h"
+#include "game/Actions.h"
 #include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
@@ -10,7 +11,6 @@
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
 #include "game/player/Pelko.h"
-#include "platform/Messages.h"
 
 namespace {
 
@@ -87,12 +87,12 @@ void BumpBlock(int index, RECT2 overlap) {
     Sound::GetSingleton()->PlaySound(effectBlockBump, soundPlay, 100);
 }
 
-/// While the hero is on the trigger and the key is held, the move through the pipe starts anew on every tick.
-void EnterPipe(RECT2 trigger, VirtualKey key, int move, char const* debugLine) {
+/// While the hero is on the trigger and does `action`, the move through the pipe starts again on every tick.
+void EnterPipe(RECT2 trigger, Action action, int move, char const* debugLine) {
     Pelko* pelkoPtr = Pelko::GetSingleton();
     if (!Touch(pelkoPtr->GetHitRectVertical(), trigger)) return;
     GameEngine::OutputDebugString(debugLine);
-    if (!GameEngine::GetSingleton()->IsKeyDown(key)) return;
+    if (!IsHeld(action)) return;
     pelkoPtr->StartAutoMove(move);
     Sound::GetSingleton()->PlaySound(effectPipe, soundPlay, 100);
 }
@@ -188,12 +188,12 @@ bool CollisionList::CollideEntities() {
 }
 
 void CollisionList::CollidePipeEntrance() {
-    EnterPipe(Level::GetSingleton()->GetPipeEntryRectVertical(), VK_DOWN, heroSinksIntoPipe,
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectVertical(), Action::goDown, heroSinksIntoPipe,
               "AABB - Pelko + Pipe Enterance\n");
 }
 
 void CollisionList::CollidePipeExit() {
-    EnterPipe(Level::GetSingleton()->GetPipeEntryRectHorizontal(), VK_RIGHT, heroWalksOutOfPipe,
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectHorizontal(), Action::walkRight, heroWalksOutOfPipe,
               "AABB - Pelko + Pipe Exit\n");
 }
 

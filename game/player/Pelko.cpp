@@ -5,6 +5,7 @@
 
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
+#include "game/Actions.h"
 #include "game/ChosenLevel.h"
 #include "game/DataFile.h"
 #include "game/HUD.h"
@@ -14,7 +15,6 @@
 #include "game/SpriteSheet.h"
 #include "game/StateReport.h"
 #include "game/TerrainContact.h"
-#include "platform/Messages.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,7 +45,6 @@ constexpr int jumpColumn = 6;
 constexpr int deadColumn = 7;
 constexpr int walkFrameTicks = 6;
 
-bool IsKeyDown(VirtualKey key) { return GameEngine::GetSingleton()->IsKeyDown(key); }
 } // namespace
 
 Pelko::Pelko()
@@ -112,11 +111,11 @@ void Pelko::TickStanding() {
         state = heroAirborne;
         return;
     }
-    if (IsKeyDown(VK_LEFT) || IsKeyDown(VK_RIGHT)) {
+    if (IsHeld(Action::walkLeft) || IsHeld(Action::walkRight)) {
         state = heroWalking;
         return;
     }
-    if (IsKeyDown(VK_UP)) {
+    if (IsHeld(Action::jump)) {
         Jump();
         return;
     }
@@ -132,13 +131,13 @@ void Pelko::TickWalking() {
         state = heroAirborne;
         return;
     }
-    if (IsKeyDown(VK_UP)) {
+    if (IsHeld(Action::jump)) {
         Jump();
         return;
     }
-    if (IsKeyDown(VK_RIGHT)) {
+    if (IsHeld(Action::walkRight)) {
         Accelerate(+1);
-    } else if (IsKeyDown(VK_LEFT)) {
+    } else if (IsHeld(Action::walkLeft)) {
         Accelerate(-1);
     } else {
         state = heroStanding;
@@ -156,9 +155,9 @@ void Pelko::TickAirborne() {
         state = heroStanding;
         return;
     }
-    if (IsKeyDown(VK_LEFT)) {
+    if (IsHeld(Action::walkLeft)) {
         Accelerate(-1);
-    } else if (IsKeyDown(VK_RIGHT)) {
+    } else if (IsHeld(Action::walkRight)) {
         Accelerate(+1);
     }
 }

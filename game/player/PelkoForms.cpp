@@ -2,11 +2,11 @@
 
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
+#include "game/Actions.h"
 #include "game/ChosenLevel.h"
 #include "game/Level.h"
 #include "game/Sound.h"
 #include "game/player/Pelko.h"
-#include "platform/Messages.h"
 
 #include <algorithm>
 
@@ -100,9 +100,8 @@ void Pelko::UpdateStar() {
 // Painting
 
 void Pelko::Paint(MATRIX3X2 matView) {
-    const GameEngine* const enginePtr = GameEngine::GetSingleton();
-    if (enginePtr->IsKeyDown(VK_LEFT)) facingRight = false;
-    if (enginePtr->IsKeyDown(VK_RIGHT)) facingRight = true;
+    if (IsHeld(Action::walkLeft)) facingRight = false;
+    if (IsHeld(Action::walkRight)) facingRight = true;
 
     // centre the cell on the position's line, mirror it there, put it in the level, then apply the camera
     const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(-width / 2, 0.0);

@@ -32,6 +32,8 @@ public:
     void SetCameraPosition(double x, double y) { cameraPosition = DOUBLE2(x, y); }
     /// The level position of the window's top-left corner.
     DOUBLE2 GetCameraPosition() const { return cameraPosition; }
+    /// Whether the debug view is drawn, and with it text of a font of this machine.
+    bool ShowsDebug() const { return debugMode; }
     void Report(StateReport& report) const;
 
 private:

@@ -186,35 +186,40 @@ void AppendFireballs(std::string& line) {
     });
 }
 
-} // namespace
-
-void AppendTraceLine(std::string& line, int tick, std::span<const platform::ScriptedDesktop::MediaCommand> media) {
-    const Level& level = *Level::GetSingleton();
-    const EntityList& entities = *EntityList::GetSingleton();
-    line += "{\"tick\":";
-    Append(line, tick);
-    line += ",\"hero\":";
-    AppendHero(line);
-    line += ",\"camera\":";
-    AppendCamera(line);
-    line += ",\"hud\":";
-    AppendHud(line);
-    line += ",\"flagDown\":";
-    Append(line, level.IsFlagDown());
-    line += ",\"blocks\":";
-    AppendBlocks(line);
-    line += ",\"enemies\":";
-    AppendSlots(line, *EnemyList::GetSingleton(), EnemyList::slotCount);
-    line += ",\"entities\":";
-    AppendSlots(line, entities, entities.GetSize());
-    line += ",\"media\":";
+void AppendMedia(std::string& line, std::span<const platform::ScriptedDesktop::MediaCommand> media) {
     AppendList(line, static_cast<int>(media.size()),
                [&](int i) { Append(line, std::wstring_view(media[static_cast<std::size_t>(i)].text)); });
-    line += ",\"level\":";
-    ObjectWriter(line).EndWith(ReportOf(level));
-    line += ",\"blockStates\":";
-    AppendBlockStates(line);
-    line += ",\"fireballs\":";
-    AppendFireballs(line);
-    line += "}\n";
+}
+
+} // namespace
+
+Trace TraceOfGame(int tick, std::span<const platform::ScriptedDesktop::MediaCommand> media) {
+    const Level& level = *Level::GetSingleton();
+    const EntityList& entities = *EntityList::GetSingleton();
+    Trace trace;
+    const auto add = [&trace](const char* name) -> std::string& { return trace.emplace_back(name).value; };
+    Append(add("tick"), tick);
+    AppendHero(add("hero"));
+    AppendCamera(add("camera"));
+    AppendHud(add("hud"));
+    Append(add("flagDown"), level.IsFlagDown());
+    AppendBlocks(add("blocks"));
+    AppendSlots(add("enemies"), *EnemyList::GetSingleton(), EnemyList::slotCount);
+    AppendSlots(add("entities"), entities, entities.GetSize());
+    AppendMedia(add("media"), media);
+    ObjectWriter(add("level")).EndWith(ReportOf(level));
+    AppendBlockStates(add("blockStates"));
+    AppendFireballs(add("fireballs"));
+    return trace;
+}
+
+std::string TraceLine(const Trace& trace) {
+    std::string line;
+    for (const TraceField& field : trace) {
+        line += line.empty() ? "{\"" : ",\"";
+        line += field.name;
+        line += "\":";
+        line += field.value;
+    }
+    return line + "}\n";
 }

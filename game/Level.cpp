@@ -4,6 +4,7 @@
 #include "engine/GameEngine.h"
 #include "engine/HitRegion.h"
 #include "game/ChosenLevel.h"
+#include "game/HUD.h"
 #include "game/Sound.h"
 #include "game/SpriteSheet.h"
 #include "game/StateReport.h"
@@ -94,6 +95,12 @@ void Level::PaintDebugPipes(MATRIX3X2 matView) {
     enginePtr->SetColor(COLOR(0, 0, 255, 100));
     enginePtr->FillRect(pipeEntryRectVertical);
     enginePtr->FillRect(pipeEntryRectHorizontal);
+}
+
+void Level::StartMusic(const MusicPlan& music) {
+    constexpr int hurryTime = 100; // the HUD's time from which on it hurries
+    Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music.calm : music.hurried, soundPlay,
+                                     volumeUnchanged);
 }
 
 int Level::GetWidth() const { return backgroundBitmapPtr->GetWidth(); }

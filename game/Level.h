@@ -10,6 +10,7 @@
 
 class Bitmap;
 class HitRegion;
+struct MusicPlan;
 class StateReport;
 
 /// The level that is played, as its plan describes it: its pictures, the solid outline that bodies collide with, the
@@ -31,6 +32,8 @@ public:
     /// The strips that let the hero into the pipes.
     void PaintDebugPipes(MATRIX3X2 matView);
 
+    /// Starts one of the level's tracks, the hurried one when the HUD's time is short.
+    static void StartMusic(const MusicPlan& music);
     /// The hero has touched the flag pole.
     void SetFlagReached() { flagReached = true; }
 

@@ -1,10 +1,10 @@
 #include "game/entities/EntityKinds.h"
 
-#include "game/entities/Coin.h"
-#include "game/entities/CoinBlock.h"
-#include "game/entities/Flower.h"
-#include "game/entities/Mushroom.h"
-#include "game/entities/Star.h"
+#include "game/gifts/Coin.h"
+#include "game/gifts/CoinBlock.h"
+#include "game/gifts/Flower.h"
+#include "game/gifts/Mushroom.h"
+#include "game/gifts/Star.h"
 
 namespace {
 template <typename Entity>

@@ -1,20 +1,14 @@
-// The hero's motion: states, scripted moves, the level's outline, dying and teleports. His forms, star power and
-// drawing are in PelkoForms.cpp.
-
 #include "game/player/Pelko.h"
 
-#include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
 #include "game/Actions.h"
 #include "game/ChosenLevel.h"
 #include "game/DataFile.h"
-#include "game/HUD.h"
 #include "game/Level.h"
 #include "game/Quillfen.h"
 #include "game/Sound.h"
-#include "game/SpriteSheet.h"
 #include "game/StateReport.h"
-#include "game/TerrainContact.h"
+#include "game/player/HeroTerrain.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,45 +23,26 @@ constexpr double stompBounceSpeed = 200.0;  // level pixels / s
 constexpr double fallingSpeed = 0.5;        // level pixels / s; anything faster has left the ground
 constexpr double landedSpeed = 0.1;         // level pixels / s
 
-constexpr double sinkSpeed = 35.0;              // level pixels / s
-constexpr double walkOutSpeed = 18.0;           // level pixels / s
-constexpr DOUBLE2 walkHomeVelocity(25.0, 40.0); // level pixels / s; the fall keeps him on the ground
-constexpr int autoMoveTicks = 90;
 constexpr int hurtTicks = 180;
 
-constexpr double footInset = 2.0;   // level pixels from the sides to the feet
 constexpr double boxInset = 3.0;    // level pixels that the side box leaves free at head and feet
 constexpr double throwHeight = 5.0; // level pixels from his top edge to a new fireball's centre
-
-constexpr int standingColumn = 0; // of the sprite sheet
-constexpr int walkColumns = 4;    // 1 to 4
-constexpr int jumpColumn = 6;
-constexpr int deadColumn = 7;
-constexpr int walkFrameTicks = 6;
-
 } // namespace
 
-Pelko::Pelko()
-    : spriteSheetPtr(std::make_unique<Bitmap>("Resources/Images/Pelkos.png")),
-      fireballBitmapPtr(LoadSpriteSheet("Resources/Images/Fireball.bmp")),
-      explosionBitmapPtr(LoadSpriteSheet("Resources/Images/Explosion.bmp")) {
-    ReadDataFile();
-}
-
-Pelko::~Pelko() = default;
+Pelko::Pelko() { ReadDataFile(); }
 
 void Pelko::ReadDataFile() {
     DataFile file(chosenLevel.heroFile);
     DataRecord record;
     while (file.ReadRecord("FormState:     ", record)) { // the last record counts
         motion.position = DOUBLE2(record.x, record.y);
-        form = record.value;
+        forms.Set(record.value);
     }
 }
 
 void Pelko::Tick(double deltaTime) {
     tickSeconds = deltaTime;
-    BeginFormChangeTick();
+    forms.BeginTick();
     UpdateInvulnerability();
     TickState();
     motion.velocity.x = std::clamp(motion.velocity.x, -walkSpeed, walkSpeed);
@@ -75,14 +50,10 @@ void Pelko::Tick(double deltaTime) {
     PassCheckpoint();
     StayInLevel();
     RespawnAfterFall();
-    // Last: the rays must see where the move ended.
-    StayOutOfWalls();
-    StandOnGround();
+    StayOutOfTerrain(); // last: the rays must see where the move ended
     if (!alive) Sound::GetSingleton()->PlaySound(effectDead, soundPlay, 100);
-    UpdateStar();
-    for (std::optional<Fireball>& fireball : fireballs) {
-        if (fireball) fireball->Tick(deltaTime);
-    }
+    star.Tick();
+    fireballs.Tick(deltaTime);
 }
 
 void Pelko::UpdateInvulnerability() {
@@ -98,15 +69,15 @@ void Pelko::TickState() {
     case heroWalking: TickWalking(); break;
     case heroDying: TickDying(); break;
     case heroAirborne: TickAirborne(); break;
-    case heroShrinking: TickShrinking(); break;
-    case heroGrowing: TickGrowing(); break;
+    case heroShrinking: FollowFormChange(forms.Shrink()); break;
+    case heroGrowing: FollowFormChange(forms.Grow()); break;
     case heroChanged: TickChanged(); break;
     default: break;
     }
 }
 
 void Pelko::TickStanding() {
-    frameColumn = standingColumn;
+    sprite.ShowStanding();
     if (IsFalling()) {
         state = heroAirborne;
         return;
@@ -123,10 +94,7 @@ void Pelko::TickStanding() {
 }
 
 void Pelko::TickWalking() {
-    if (++walkFrameTimer == walkFrameTicks) {
-        walkFrameTimer = 0;
-        frameColumn = frameColumn % walkColumns + 1;
-    }
+    sprite.Walk();
     if (IsFalling()) {
         state = heroAirborne;
         return;
@@ -145,13 +113,13 @@ void Pelko::TickWalking() {
 }
 
 void Pelko::TickDying() {
-    frameColumn = deadColumn;
+    sprite.ShowDead();
     alive = false;
 }
 
 void Pelko::TickAirborne() {
     if (std::abs(motion.velocity.y) < landedSpeed) {
-        frameColumn = standingColumn;
+        sprite.ShowStanding();
         state = heroStanding;
         return;
     }
@@ -162,10 +130,24 @@ void Pelko::TickAirborne() {
     }
 }
 
+void Pelko::FollowFormChange(HeroForms::Progress progress) {
+    if (progress == HeroForms::Progress::none) return;
+    invulnerabilityCounter = HeroForms::changeTicks;
+    if (progress == HeroForms::Progress::over) state = heroChanged;
+}
+
+void Pelko::TickChanged() {
+    forms.Release();
+    invulnerabilityCounter = 0;
+    invulnerable = false;
+    motion.velocity = {};
+    state = heroStanding;
+}
+
 bool Pelko::IsFalling() const { return std::abs(motion.velocity.y) > fallingSpeed; }
 
 void Pelko::Jump() {
-    frameColumn = jumpColumn;
+    sprite.ShowJumping();
     motion.velocity.y -= jumpSpeed;
     Sound::GetSingleton()->PlaySound(effectJump, soundPlay, volumeUnchanged);
     state = heroAirborne;
@@ -188,43 +170,18 @@ void Pelko::ApplyFriction() {
 // Moving
 
 void Pelko::Travel() {
-    if (transforming) return;
-    if (sinking || walkingOut || walkingIntoCastle) {
-        // A teleport at the end of one of them ends the others too.
-        if (sinking) SinkIntoPipe();
-        if (walkingOut) WalkOutOfPipe();
-        if (walkingIntoCastle) WalkIntoCastle();
-        return;
-    }
-    motion.Fall(Motion::gravity, tickSeconds);
-}
-
-void Pelko::SinkIntoPipe() {
-    if (--autoMoveCounter < 0) {
-        GoUnderground();
+    if (forms.IsHeld()) return;
+    if (autoMoves.AreRunning()) {
+        autoMoves.Tick(*this, tickSeconds);
     } else {
-        motion.position.y += sinkSpeed * tickSeconds;
+        motion.Fall(Motion::gravity, tickSeconds);
     }
-}
-
-void Pelko::WalkOutOfPipe() {
-    if (--autoMoveCounter < 0) {
-        ExitUnderground();
-    } else {
-        WalkFacingRight();
-        motion.position.x += walkOutSpeed * tickSeconds;
-    }
-}
-
-void Pelko::WalkIntoCastle() {
-    WalkFacingRight();
-    motion.position += walkHomeVelocity * tickSeconds;
 }
 
 void Pelko::WalkFacingRight() {
     facingRight = true;
     // A change of form that begins in this very tick keeps its state: nothing else would bring it to its end.
-    if (!IsFormChanging()) state = heroWalking;
+    if (!forms.IsChanging()) state = heroWalking;
 }
 
 void Pelko::PassCheckpoint() {
@@ -246,35 +203,10 @@ void Pelko::RespawnAfterFall() {
     motion.position = respawnPoint;
 }
 
-bool Pelko::CollidesWithLevel() const { return alive && !sinking && !walkingOut; }
-
-void Pelko::StayOutOfWalls() {
-    if (!CollidesWithLevel()) return;
-    // Twice: between two walls the second cast finds what the push from the first one left.
-    for (int cast = 0; cast < 2; ++cast) {
-        const DOUBLE2 left(motion.position.x - width / 2, motion.position.y + Height() / 2);
-        const auto wall = TerrainContact::Cast(left, DOUBLE2(width - 1, 0.0), TerrainContact::everySurface);
-        if (!wall) continue;
-        motion.velocity.x = 0.0;
-        motion.position += wall->PushOut();
-    }
-}
-
-void Pelko::StandOnGround() {
-    if (!CollidesWithLevel()) return;
-    const double height = Height();
-    const double x = motion.position.x;
-    const auto stopAt = [this](DOUBLE2 start, DOUBLE2 ray) {
-        const auto surface = TerrainContact::Cast(start, ray, TerrainContact::enteredSurfaces);
-        if (!surface) return;
-        motion.velocity.y = 0.0;
-        motion.position += surface->PushBack();
-    };
-    // Two rays, not one: with a single middle ray a foot would hang through the edge of a platform.
-    for (const double footX : {x - width / 2 + footInset, x + width / 2 - footInset}) {
-        stopAt(DOUBLE2(footX, motion.position.y), DOUBLE2(0.0, height));
-    }
-    stopAt(DOUBLE2(x - width / 2, motion.position.y + height), DOUBLE2(0.0, -height)); // his head
+void Pelko::StayOutOfTerrain() {
+    if (!alive || autoMoves.AreInPipe()) return;
+    PushOutOfWalls(motion, forms.GetHeight());
+    PutOnGround(motion, forms.GetHeight());
 }
 
 // What happens to him
@@ -306,7 +238,7 @@ void Pelko::Grow() {
 void Pelko::SetAlive(bool newAlive) {
     if (newAlive) {
         alive = true;
-        EndFormChange();
+        forms.EndChange();
         SetState(heroStanding);
         return;
     }
@@ -315,29 +247,11 @@ void Pelko::SetAlive(bool newAlive) {
 }
 
 void Pelko::SetState(int newState) {
-    if (newState == heroDying) EndFormChange();
+    if (newState == heroDying) forms.EndChange();
     state = newState;
 }
 
-void Pelko::StartAutoMove(int move) {
-    switch (move) {
-    case heroSinksIntoPipe: sinking = true; break;
-    case heroWalksOutOfPipe: walkingOut = true; break;
-    case heroWalksIntoCastle: walkingIntoCastle = true; break;
-    default: return;
-    }
-    autoMoveCounter = autoMoveTicks;
-}
-
-void Pelko::ShootFireball() {
-    for (std::optional<Fireball>& fireball : fireballs) {
-        if (fireball && fireball->IsDone()) fireball.reset();
-    }
-    const auto emptyPlace = std::find(fireballs.begin(), fireballs.end(), std::nullopt);
-    if (emptyPlace == fireballs.end()) return;
-    emptyPlace->emplace(DOUBLE2(motion.position.x, motion.position.y + throwHeight), fireballBitmapPtr.get(),
-                        explosionBitmapPtr.get());
-}
+void Pelko::ShootFireball() { fireballs.Throw(DOUBLE2(motion.position.x, motion.position.y + throwHeight)); }
 
 void Pelko::GoUnderground() {
     const RoomPlan& room = chosenLevel.room;
@@ -354,33 +268,23 @@ void Pelko::ResetToStart() {
 
 void Pelko::Teleport(DOUBLE2 target, const MusicPlan& music) {
     motion.velocity = {};
-    sinking = walkingOut = walkingIntoCastle = false;
+    autoMoves.End();
     motion.position = target;
-    PlayMusicForTime(music);
-}
-
-void Pelko::PlayMusicForTime(const MusicPlan& music) {
-    constexpr int hurryTime = 100; // what the HUD shows when the music begins to hurry
-    Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music.calm : music.hurried, soundPlay,
-                                     volumeUnchanged);
+    Level::StartMusic(music);
 }
 
 // Questions
-
-int Pelko::GetFormState() const { return form == heroBig || form == heroFire ? form : heroSmall; }
-
-int Pelko::Height() const { return GetFormState() == heroSmall ? smallHeight : bigHeight; }
 
 RECT2 Pelko::GetHitRectHorizontal() const {
     if (!alive || invulnerable) return {};
     const double left = motion.position.x - width / 2;
     const double top = motion.position.y + boxInset;
-    return {left, top, left + width, top + Height() - 2.0 * boxInset};
+    return {left, top, left + width, top + forms.GetHeight() - 2.0 * boxInset};
 }
 
 RECT2 Pelko::GetHitRectVertical() const {
     if (!alive || invulnerable) return {};
-    return {motion.position.x, motion.position.y, motion.position.x, motion.position.y + Height()};
+    return {motion.position.x, motion.position.y, motion.position.x, motion.position.y + forms.GetHeight()};
 }
 
 void Pelko::Report(StateReport& report) const {
@@ -390,28 +294,29 @@ void Pelko::Report(StateReport& report) const {
     report.Add("heightBox", GetHitRectVertical());
     report.Add("respawnPoint", respawnPoint);
     report.Add("invulnerabilityCounter", invulnerabilityCounter);
-    report.Add("frameColumn", frameColumn);
-    report.Add("walkFrameTimer", walkFrameTimer);
-
-    report.Add("sinking", sinking);
-    report.Add("walkingOut", walkingOut);
-    report.Add("walkingIntoCastle", walkingIntoCastle);
-    report.Add("autoMoveCounter", autoMoveCounter);
-
-    report.Add("transforming", transforming);
-    report.Add("bigToSmall", formChanges[bigToSmall]);
-    report.Add("fireToSmall", formChanges[fireToSmall]);
-    report.Add("smallToBig", formChanges[smallToBig]);
-    report.Add("bigToFire", formChanges[bigToFire]);
-    report.Add("formChangeCounter", formChangeCounter);
-    report.Add("flickers", flickers);
-
-    report.Add("starCounter", starCounter);
-    report.Add("starTickCounter", starTickCounter);
-    report.Add("starPalette", starPalette);
+    sprite.Report(report);
+    autoMoves.Report(report);
+    forms.Report(report);
+    star.Report(report);
 }
 
-Fireball const* Pelko::GetFireball(int place) const {
-    const std::optional<Fireball>& fireball = fireballs[static_cast<std::size_t>(place)];
-    return fireball ? &*fireball : nullptr;
+// Painting
+
+void Pelko::Paint(MATRIX3X2 matView) {
+    if (IsHeld(Action::walkLeft)) facingRight = false;
+    if (IsHeld(Action::walkRight)) facingRight = true;
+    sprite.Paint(motion.position, facingRight, forms.GetShown(), star.NextBand(), matView);
+    fireballs.Paint(matView);
+}
+
+void Pelko::PaintDebug(MATRIX3X2 matView) {
+    GameEngine* const enginePtr = GameEngine::GetSingleton();
+    const RECT2 verticalBox = GetHitRectVertical();
+    enginePtr->SetWorldMatrix(matView);
+    enginePtr->SetColor(COLOR(0, 0, 200, 100));
+    enginePtr->FillRect(verticalBox);
+    enginePtr->SetColor(COLOR(0, 200, 0, 100));
+    enginePtr->FillRect(GetHitRectHorizontal());
+    enginePtr->SetColor(COLOR(0, 0, 255, 255));
+    enginePtr->DrawRect(verticalBox, 1.0);
 }

@@ -1,4 +1,4 @@
-#include "game/entities/Coin.h"
+#include "game/gifts/Coin.h"
 
 #include "engine/GameEngine.h"
 #include "game/HUD.h"

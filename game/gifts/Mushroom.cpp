@@ -1,4 +1,4 @@
-#include "game/entities/Mushroom.h"
+#include "game/gifts/Mushroom.h"
 
 #include "game/Sound.h"
 #include "game/player/Pelko.h"

@@ -1,4 +1,4 @@
-#include "game/entities/Flower.h"
+#include "game/gifts/Flower.h"
 
 #include "game/Sound.h"
 #include "game/StateReport.h"

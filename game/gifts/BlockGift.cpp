@@ -1,4 +1,4 @@
-#include "game/entities/BlockGift.h"
+#include "game/gifts/BlockGift.h"
 
 #include "engine/GameEngine.h"
 #include "game/HUD.h"

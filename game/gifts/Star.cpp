@@ -1,4 +1,4 @@
-#include "game/entities/Star.h"
+#include "game/gifts/Star.h"
 
 #include "game/player/Pelko.h"
 

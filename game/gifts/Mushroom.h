@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/entities/WalkingPowerUp.h"
+#include "game/gifts/WalkingPowerUp.h"
 
 /// Rises out of its block, then walks. It can be touched from the start. Only variant 0 makes a small hero grow.
 class Mushroom : public WalkingPowerUp {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/entities/BlockGift.h"
+#include "game/gifts/BlockGift.h"
 
 /// What the mushroom and the star share: both walk, fall, stand on the level's outline and turn at its walls. That
 /// blocks hold them up is decided with the other contacts, through Move and ResetVelocity.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/entities/BlockGift.h"
+#include "game/gifts/BlockGift.h"
 
 /// Rises out of its block and stays on top of it. It can be touched when it has arrived. It gives the big hero fire.
 class Flower : public BlockGift {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/entities/WalkingPowerUp.h"
+#include "game/gifts/WalkingPowerUp.h"
 
 /// Leaves its block at once and walks like the mushroom. It gives star power.
 class Star : public WalkingPowerUp {

@@ -1,4 +1,4 @@
-#include "game/entities/CoinBlock.h"
+#include "game/gifts/CoinBlock.h"
 
 #include "game/HUD.h"
 #include "game/Sound.h"

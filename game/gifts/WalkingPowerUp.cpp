@@ -1,4 +1,4 @@
-#include "game/entities/WalkingPowerUp.h"
+#include "game/gifts/WalkingPowerUp.h"
 
 #include "game/ChosenLevel.h"
 #include "game/StateReport.h"

@@ -40,7 +40,7 @@ void DrawPiece(Bitmap& bitmap, RECT piece, int x, int y) {
 }
 } // namespace
 
-HUD::HUD() : fontBitmap("Resources/Images/Font.bmp"), coinIconBitmap("Resources/Images/CoinIcon.bmp") {
+HUD::HUD() : fontBitmap(fontPicture), coinIconBitmap(coinPicture) {
     fontBitmap.SetTransparencyColor(0, 0, 1);
     coinIconBitmap.SetTransparencyColor(255, 0, 255);
 }

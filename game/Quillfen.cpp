@@ -8,7 +8,9 @@
 #include "game/Level.h"
 #include "game/Sound.h"
 #include "game/StateReport.h"
+#include "game/entities/EnemyKinds.h"
 #include "game/entities/EnemyList.h"
+#include "game/entities/EntityKinds.h"
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
 #include "game/player/CollisionList.h"
@@ -17,6 +19,8 @@
 #include <algorithm>
 #include <iostream>
 #include <numbers>
+#include <string>
+#include <vector>
 
 namespace {
 constexpr int scale = 4;       // window pixels per level pixel
@@ -32,6 +36,19 @@ constexpr double unzoomed = 1.0 / scale;
 constexpr int flushTicks = 15; // how long a position may wait before a reader of the output gets it
 
 Quillfen* singletonPtr = nullptr;
+
+/// Every picture, in the order in which the first frame asks for them.
+std::vector<std::string> PicturesOfTheFirstFrame() {
+    std::vector<std::string> pictures;
+    for (const EntityKind& kind : EntityKinds()) pictures.emplace_back(kind.picture);
+    pictures.insert(pictures.end(), {chosenLevel.background, chosenLevel.castle.file});
+    for (const PipePlan& pipe : chosenLevel.pipes) pictures.emplace_back(pipe.picture);
+    pictures.insert(pictures.end(), {chosenLevel.flag.picture, HUD::fontPicture, HUD::coinPicture, HeroSprite::picture,
+                                     Fireballs::flyingPicture, Fireballs::explosionPicture});
+    for (const EnemyMaker& maker : EnemyMakers()) pictures.emplace_back(maker.kindPtr->picture);
+    pictures.emplace_back(BlockList::picture);
+    return pictures;
+}
 } // namespace
 
 Quillfen* Quillfen::GetSingleton() {
@@ -50,15 +67,7 @@ void Quillfen::GameInitialize(HINSTANCE hInstance) {
     enginePtr->SetHeight(scale * viewHeight);
     enginePtr->SetKeyList(ReleasedKeys());
     enginePtr->SetVSync(true);
-    // Decoded while the window opens, in the order in which the first frame asks for them.
-    enginePtr->GetWICImagingFactory()->Prefetch(
-        {"Resources/Images/Coin.bmp", "Resources/Images/CoinBlock.bmp", "Resources/Images/Flower.bmp",
-         "Resources/Images/Mushroom.bmp", "Resources/Images/Star.bmp", "Resources/Images/World1-1.png",
-         "Resources/Images/CastleHalf.png", "Resources/Images/PipeVerticalBig.bmp",
-         "Resources/Images/PipeHorizontal.bmp", "Resources/Images/PipeVerticalSmall.bmp", "Resources/Images/Flag.bmp",
-         "Resources/Images/Font.bmp", "Resources/Images/CoinIcon.bmp", "Resources/Images/Pelkos.png",
-         "Resources/Images/Fireball.bmp", "Resources/Images/Explosion.bmp", "Resources/Images/Skreel.bmp",
-         "Resources/Images/Dorvak.bmp", "Resources/Images/Blocks.bmp"});
+    enginePtr->GetWICImagingFactory()->Prefetch(PicturesOfTheFirstFrame()); // decoded while the window opens
 }
 
 void Quillfen::GameStart() {

@@ -17,7 +17,8 @@ enum BlockContent : int {
     contentCoin = 1,
     contentFlower = 2,
     contentMushroom = 3,
-    contentStar = 4
+    contentStar = 4,
+    contentCount
 };
 
 enum EntityState : int {

@@ -11,7 +11,7 @@ namespace {
 constexpr int size = 16; // level pixels, width and height
 
 int ContentOf(int kind, int content) {
-    if (content < contentNothing || content > contentStar) content = contentNothing;
+    if (content < contentNothing || content >= contentCount) content = contentNothing;
     return kind == blockQuestion && content == contentNothing ? contentCoin : content;
 }
 
@@ -21,7 +21,7 @@ RECT2 CellAt(int column, int row) { return RECT2(column * size, row * size, colu
 
 Block::Block(int x, int y, Bitmap* blockSheetPtr, int kind, int hitCount, int heldContent, int contentVariant)
     : hits(hitCount), restY(y), content(ContentOf(kind, heldContent)), variant(contentVariant), sheetPtr(blockSheetPtr),
-      position(x, y), clip(CellAt(0, 0)), state(kind >= blockQuestion && kind <= blockTreasure ? kind : blockBrick) {}
+      position(x, y), clip(CellAt(0, 0)), state(kind >= 0 && kind < blockStateCount ? kind : blockBrick) {}
 
 void Block::Tick(double tickSeconds) {
     constexpr double settleSpeed = 80.0; // level pixels / s

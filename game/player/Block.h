@@ -9,7 +9,14 @@ class Bitmap;
 class StateReport;
 
 /// What a block is made as and what it is at the moment; also its row in the sheet.
-enum BlockState : int { blockBrick = 0, blockQuestion = 1, blockUsed = 2, blockBroken = 3, blockTreasure = 4 };
+enum BlockState : int {
+    blockBrick = 0,
+    blockQuestion = 1,
+    blockUsed = 2,
+    blockBroken = 3,
+    blockTreasure = 4,
+    blockStateCount
+};
 
 /// What Block::GetType answers.
 enum BlockType : int {

@@ -4,7 +4,7 @@
 #include "game/entities/EntityList.h"
 #include "game/player/Pelko.h"
 
-BlockList::BlockList() : sheetPtr(LoadSpriteSheet("Resources/Images/Blocks.bmp")) { CreateBlocks(); }
+BlockList::BlockList() : sheetPtr(LoadSpriteSheet(picture)) { CreateBlocks(); }
 
 void BlockList::Tick(double deltaTime) {
     for (const auto& blockPtr : blocks) blockPtr->Tick(deltaTime);

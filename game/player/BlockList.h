@@ -12,6 +12,7 @@
 /// The blocks of the level. An index (0 to blockCount - 1) names the same block for the whole game.
 class BlockList {
 public:
+    static constexpr char const* picture = "Resources/Images/Blocks.bmp";
     static constexpr int blockCount = static_cast<int>(chosenLevel.blocks.size());
 
     static BlockList* GetSingleton() { return Singleton<BlockList>::Get(); }

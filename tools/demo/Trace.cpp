@@ -193,12 +193,11 @@ void AppendMedia(std::string& line, std::span<const platform::ScriptedDesktop::M
 
 } // namespace
 
-Trace TraceOfGame(int tick, std::span<const platform::ScriptedDesktop::MediaCommand> media) {
+Trace TraceOfGame(std::span<const platform::ScriptedDesktop::MediaCommand> media) {
     const Level& level = *Level::GetSingleton();
     const EntityList& entities = *EntityList::GetSingleton();
     Trace trace;
     const auto add = [&trace](const char* name) -> std::string& { return trace.emplace_back(name).value; };
-    Append(add("tick"), tick);
     AppendHero(add("hero"));
     AppendCamera(add("camera"));
     AppendHud(add("hud"));
@@ -213,10 +212,10 @@ Trace TraceOfGame(int tick, std::span<const platform::ScriptedDesktop::MediaComm
     return trace;
 }
 
-std::string TraceLine(const Trace& trace) {
-    std::string line;
+std::string TraceLine(int tick, const Trace& trace) {
+    std::string line = "{\"tick\":" + std::to_string(tick);
     for (const TraceField& field : trace) {
-        line += line.empty() ? "{\"" : ",\"";
+        line += ",\"";
         line += field.name;
         line += "\":";
         line += field.value;

@@ -15,7 +15,6 @@ struct TraceField {
 
 /// The state of the game in one tick. Its fields, in this order:
 ///
-/// - "tick"
 /// - "hero": "x", "y", "form", "alive", "invulnerable", "star" (whether it is active), "right" (where he faces), ...
 /// - "camera": "x", "y", ...
 /// - "hud": "time", "score", "coins", ...
@@ -30,7 +29,7 @@ struct TraceField {
 using Trace = std::vector<TraceField>;
 
 /// The trace of the running game, with the media commands that it is told.
-Trace TraceOfGame(int tick, std::span<const platform::ScriptedDesktop::MediaCommand> media);
+Trace TraceOfGame(std::span<const platform::ScriptedDesktop::MediaCommand> media);
 
-/// The trace as one JSON object, with a line end.
-std::string TraceLine(const Trace& trace);
+/// The trace as one JSON object that begins with the field "tick", and a line end.
+std::string TraceLine(int tick, const Trace& trace);

@@ -181,8 +181,8 @@ int Play(const Options& options) {
         RunDemo(demo, [&](platform::ScriptedDesktop& desktop, int frame, const platform::FrameView& view) {
             if (options.timesDemo) timer.Count(frame);
             if (trace.is_open() || guard) {
-                const Trace state = TraceOfGame(frame, desktop.mediaCommands);
-                if (trace.is_open()) trace << TraceLine(state);
+                const Trace state = TraceOfGame(desktop.mediaCommands);
+                if (trace.is_open()) trace << TraceLine(frame, state);
                 if (guard) guard->Look(frame, state, view, Quillfen::GetSingleton()->ShowsDebug());
             } else {
                 desktop.onMediaCommand = [](std::wstring_view) {}; // nobody will ask for them

@@ -19,6 +19,7 @@ constexpr double brakeAcceleration = 400.0; // level pixels / s^2, also that of 
 constexpr double walkSpeed = 100.0;         // level pixels / s, the highest
 constexpr double standSpeed = 5.0;          // level pixels / s; friction stops anything slower
 constexpr double jumpSpeed = 335.0;         // level pixels / s
+constexpr double deathHopSpeed = 335.0;     // level pixels / s
 constexpr double stompBounceSpeed = 200.0;  // level pixels / s
 constexpr double fallingSpeed = 0.5;        // level pixels / s; faster than this he has left the ground
 constexpr double landedSpeed = 0.1;         // level pixels / s
@@ -243,7 +244,7 @@ void Pelko::SetAlive(bool newAlive) {
         return;
     }
     SetState(heroDying);
-    motion.velocity = DOUBLE2(0.0, -jumpSpeed); // the death hop
+    motion.velocity = DOUBLE2(0.0, -deathHopSpeed);
 }
 
 void Pelko::SetState(int newState) {

@@ -54,9 +54,10 @@ void PlayCheck::Run(Findings& findings) {
     }
     const Level& level = *Level::GetSingleton();
     if (!flagTouched) findings.Add("the flag cannot be reached", level.GetFlagpoleRect());
-    if (!pipeEntered) findings.Add("nobody can stand on the pipe down", level.GetPipeEntryRectVertical());
-    if (!pipeLeft)
-        findings.Add("nobody can stand at the pipe out of the room below", level.GetPipeEntryRectHorizontal());
+    const RECT2 wayDown = level.GetPipeEntryRectVertical(); // a level may do without pipes
+    const RECT2 wayOut = level.GetPipeEntryRectHorizontal();
+    if (HasBox(wayDown) && !pipeEntered) findings.Add("nobody can stand on the pipe down", wayDown);
+    if (HasBox(wayOut) && !pipeLeft) findings.Add("nobody can stand at the pipe out of the room below", wayOut);
     ReportPits(findings);
 }
 

@@ -9,6 +9,9 @@ class StateReport;
 /// Score, coins, world and time across the top of the window, and the clock of the game.
 class HUD {
 public:
+    static constexpr char const* fontPicture = "Resources/Images/Font.bmp";
+    static constexpr char const* coinPicture = "Resources/Images/CoinIcon.bmp";
+
     static HUD* GetSingleton() { return Singleton<HUD>::Get(); }
     virtual ~HUD() = default;
 

@@ -4,19 +4,19 @@
 #include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
-Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 4) {}
+Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, kind) {}
 
 void Dorvak::Tick(double deltaTime) {
     constexpr int shellCell = 2;
-    constexpr double slidePush = 4 * walkPush;
+    constexpr double slidePush = 4 * Motion::walkPush;
     if (!BeginTick()) return;
     if (state == walking)
         AnimateWalk();
     else
         strip.Show(shellCell);
-    if (state == walking) Push(walkPush, deltaTime);
+    if (state == walking) Push(Motion::walkPush, deltaTime);
     if (state == shellSliding) Push(slidePush, deltaTime);
-    if (state != shellAtRest) Fall(normalGravity, deltaTime);
+    if (state != shellAtRest) motion.Fall(Motion::gravity, deltaTime);
     HandleLevelCollision();
 }
 
@@ -58,7 +58,7 @@ bool Dorvak::IsDead() {
     if (state == walking) return false;
     const int heroX = static_cast<int>(Pelko::GetSingleton()->GetPosition().x);
     const int windowWidth = GameEngine::GetSingleton()->GetWidth();
-    return heroX - windowWidth / 2 > position.x || position.x > heroX + windowWidth;
+    return heroX - windowWidth / 2 > motion.position.x || motion.position.x > heroX + windowWidth;
 }
 
 void Dorvak::Report(StateReport& report) const {

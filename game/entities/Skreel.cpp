@@ -2,7 +2,7 @@
 
 #include "game/StateReport.h"
 
-Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 3) {}
+Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, kind) {}
 
 void Skreel::Tick(double deltaTime) {
     constexpr int flatCell = 2;
@@ -10,8 +10,8 @@ void Skreel::Tick(double deltaTime) {
     switch (state) {
     case walking:
         AnimateWalk();
-        Push(walkPush, deltaTime);
-        Fall(normalGravity, deltaTime);
+        Push(Motion::walkPush, deltaTime);
+        motion.Fall(Motion::gravity, deltaTime);
         HandleLevelCollision();
         break;
     case flattened:
@@ -20,7 +20,7 @@ void Skreel::Tick(double deltaTime) {
         break;
     case dying: // through the ground
         strip.Show(0);
-        Fall(2 * normalGravity, deltaTime);
+        motion.Fall(2 * Motion::gravity, deltaTime);
         break;
     }
 }
@@ -41,7 +41,7 @@ bool Skreel::Stomp() {
 bool Skreel::Kill() {
     constexpr double hopSpeed = 150.0; // level pixels / s, upwards
     state = dying;
-    velocity.y -= hopSpeed;
+    motion.velocity.y -= hopSpeed;
     return true;
 }
 

@@ -1,6 +1,8 @@
-#include "game/entities/Coin.h"
+#include "game/gifts/Coin.h"
 
 #include "engine/GameEngine.h"
+#include "game/HUD.h"
+#include "game/Sound.h"
 #include "game/StateReport.h"
 
 Coin::Coin(int x, int y, Bitmap* bitmapPtr) : EntityMaster(x, y, bitmapPtr), position(x, y), strip(bitmapPtr, 6) {}
@@ -17,6 +19,11 @@ void Coin::PaintDebug(MATRIX3X2 matView) {
     GameEngine::GetSingleton()->SetWorldMatrix(matView);
     GameEngine::GetSingleton()->SetColor(COLOR(255, 255, 0, 150));
     GameEngine::GetSingleton()->FillRect(GetHitRect());
+}
+
+void Coin::GiveTo(Pelko& /*hero*/) {
+    HUD::GetSingleton()->AddCoin();
+    Sound::GetSingleton()->PlaySound(effectCoin, soundPlay, 50);
 }
 
 RECT2 Coin::GetHitRect() {

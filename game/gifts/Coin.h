@@ -15,6 +15,7 @@ public:
     /// Narrower than the picture.
     RECT2 GetHitRect() override;
     int GetScore() override { return 100; }
+    void GiveTo(Pelko& hero) override;
     void Collect() override { collected = true; }
     void Move(DOUBLE2 delta) override { position += delta; }
     void ResetVelocity(bool /*horizontal*/, bool /*vertical*/) override {}

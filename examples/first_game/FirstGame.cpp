@@ -55,16 +55,16 @@ void FirstGame::Walk(double deltaTime) {
 }
 
 void FirstGame::Fall(double deltaTime) {
+    const double kneeY = feet.y - kneeHeight; // before the move: after a long one the knees may be in the ground
     if (standing && GameEngine::GetSingleton()->IsKeyDown(VK_UP)) velocity.y = -jumpSpeed;
     velocity.y += gravity * deltaTime;
     feet.y += velocity.y * deltaTime;
     standing = false;
     if (velocity.y < 0.0) return; // on the way up there is nothing to land on
 
-    // A ray from the knees to the feet meets the floor, even on a slope or after a long step.
+    // A ray from where the knees were to where the feet are meets the floor, even on a slope or after a long step.
     HIT floor;
-    const DOUBLE2 knee(feet.x, feet.y - kneeHeight);
-    if (ground.Raycast(knee, DOUBLE2(0, kneeHeight + 1), &floor, 1, into) > 0) {
+    if (ground.Raycast(DOUBLE2(feet.x, kneeY), DOUBLE2(0, feet.y + 1 - kneeY), &floor, 1, into) > 0) {
         feet.y = floor.point.y;
         velocity.y = 0.0;
         standing = true;

@@ -5,7 +5,7 @@ prepare() {
     local wanted="g++ cmake make pkg-config libsdl2-dev libsdl2-image-dev libcairo2-dev libpango1.0-dev
                   libpolyclipping-dev libopenal-dev libsndfile1-dev libfluidsynth-dev fonts-dejavu-core"
     if [ "$1" = test ]; then
-        wanted="$wanted libgtest-dev libgmock-dev libbenchmark-dev libboost-dev doxygen xvfb xdotool
+        wanted="$wanted libgtest-dev libgmock-dev libbenchmark-dev libboost-dev libebur128-dev doxygen xvfb xdotool
                 clang clang-tidy clang-format"
     fi
     local missing="" package

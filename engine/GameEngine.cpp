@@ -201,7 +201,9 @@ LRESULT GameEngine::HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_RBUTTONUP: return ForwardMouseButton(false, false, wParam, lParam);
     default: break;
     }
-    return desktop.DefaultWindowProcedure(window, message, wParam, lParam);
+    const LRESULT result = desktop.DefaultWindowProcedure(window, message, wParam, lParam);
+    if (desktop.MainWindow() == nullptr) SetWindow(nullptr); // the player has closed it
+    return result;
 }
 
 LRESULT GameEngine::ForwardMouseButton(bool isLeft, bool isDown, WPARAM wParam, LPARAM lParam) {

@@ -59,6 +59,7 @@ public:
     // Window
 
     bool CreateGameWindow(int iCmdShow);
+    /// Null before the window is made and after the player has closed it.
     HWND GetWindow() const { return hWindow; }
     void SetWindow(HWND window) { hWindow = window; }
     void SetTitle(String newTitle) { title = newTitle; }
@@ -75,6 +76,7 @@ public:
     WORD GetSmallIcon() const { return smallIconID; }
     /// Asks for a repaint of the whole window.
     void Repaint();
+    /// The top-left corner in screen pixels; (0, 0) without a window.
     POINT GetWindowPosition() const;
     void SetWindowPosition(int left, int top);
     void ShowMousePointer(bool show);

@@ -23,11 +23,15 @@ public:
         std::vector<double> steps;
         std::function<void(int tick)> onTick = [](int) {};
         std::function<void()> onPaint = [] {};
+        std::function<void()> onEnd = [] {}; // in GameEnd and in the destructor
         bool runsLoop = true;
         String keys = String(L"EQ");
     };
     explicit DiaryGame(Log& sharedLog) : log(sharedLog) {}
-    ~DiaryGame() override { log.calls.emplace_back("delete"); }
+    ~DiaryGame() override {
+        log.calls.emplace_back("delete");
+        log.onEnd();
+    }
 
     void GameInitialize(HINSTANCE instance) override {
         AbstractGame::GameInitialize(instance);
@@ -36,7 +40,10 @@ public:
         log.calls.emplace_back("initialize");
     }
     void GameStart() override { log.calls.emplace_back("start"); }
-    void GameEnd() override { log.calls.emplace_back("end"); }
+    void GameEnd() override {
+        log.calls.emplace_back("end");
+        log.onEnd();
+    }
     void CheckKeyboard() override { log.calls.emplace_back("check"); }
     void GameTick(double deltaTime) override {
         log.calls.emplace_back("tick");
@@ -161,6 +168,10 @@ TEST_F(EngineLoop, QuitsBeforeAnotherFrameRuns) {
 
 TEST_F(EngineLoop, EndsInOrderWhenTheWindowIsClosed) {
     desktop->At(3, [this] { desktop->PostMessage(desktop->MainWindow(), WM_CLOSE, 0, 0); });
+    log.onEnd = [] {
+        EXPECT_EQ(GameEngine::GetSingleton()->GetWindow(), nullptr);
+        EXPECT_EQ(GameEngine::GetSingleton()->GetWindowPosition(), POINT{});
+    };
     EXPECT_EQ(Run(100), 0);
     EXPECT_EQ(log.steps.size(), 3U);
     EXPECT_THAT(Events(), ElementsAre("initialize", "start", "end", "delete"));

@@ -38,8 +38,10 @@ public:
 
     // Running a game
 
-    /// Takes the game over: the engine deletes it when it is destroyed itself.
-    void SetGame(AbstractGame* newGamePtr) { gamePtr.reset(newGamePtr); }
+    /// Takes the game over: the engine deletes it when it is destroyed itself, or given another one.
+    void SetGame(AbstractGame* newGamePtr) {
+        if (newGamePtr != gamePtr.get()) gamePtr.reset(newGamePtr);
+    }
     /// Runs the program to its end, then destroys the engine. The exit code of the quit message; 0 if the window cannot
     /// be made.
     int Run(HINSTANCE instance, int iCmdShow);

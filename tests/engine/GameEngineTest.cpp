@@ -76,7 +76,9 @@ protected:
 
     int Run(int frames) {
         desktop->End(frames);
-        GameEngine::GetSingleton()->SetGame(new DiaryGame(log));
+        auto* const gamePtr = new DiaryGame(log);
+        GameEngine::GetSingleton()->SetGame(gamePtr);
+        GameEngine::GetSingleton()->SetGame(gamePtr); // again changes nothing
         return GameEngine::GetSingleton()->Run(nullptr, 1);
     }
     /// The calls without the four of every frame.

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 using platform::Desktop;
 
@@ -284,23 +283,18 @@ void GameEngine::OpenConsole() {
     consolePtr = std::make_unique<platform::Console>(consoleTitle.C_str());
 }
 
-void GameEngine::PrintToConsole(std::wstring_view text) {
-    if (consolePtr) consolePtr->PrintLine(text);
+void GameEngine::ConsolePrintString(String text) {
+    if (consolePtr) consolePtr->PrintLine(text.C_str());
 }
 
-void GameEngine::ConsolePrintString(String text) { PrintToConsole(text.C_str()); }
-
-void GameEngine::ConsolePrintString(std::string text) { PrintToConsole(std::wstring(text.begin(), text.end())); }
+void GameEngine::ConsolePrintString(std::string text) { ConsolePrintString(Widened(text)); }
 
 void GameEngine::ConsolePrintString(String text, int x, int y) {
     ConsoleSetCursorPosition(x, y);
     ConsolePrintString(text);
 }
 
-void GameEngine::ConsolePrintString(std::string text, int x, int y) {
-    ConsoleSetCursorPosition(x, y);
-    ConsolePrintString(std::move(text));
-}
+void GameEngine::ConsolePrintString(std::string text, int x, int y) { ConsolePrintString(Widened(text), x, y); }
 
 void GameEngine::ConsoleSetCursorPosition(int column, int row) {
     if (consolePtr) consolePtr->SetCursorPosition(column, row);
@@ -316,6 +310,12 @@ void GameEngine::ConsoleSetBackColor(bool red, bool green, bool blue, bool inten
 
 void GameEngine::ConsoleClear() {
     if (consolePtr) consolePtr->Clear();
+}
+
+String GameEngine::Widened(const std::string& text) {
+    String wide(L"");
+    for (const char byte : text) wide += byte;
+    return wide;
 }
 
 void GameEngine::Fail(wchar_t const* text) {

@@ -114,6 +114,7 @@ public:
     /// Opens the text console, once. The console operations do nothing before.
     void OpenConsole();
     void ConsolePrintString(String text);
+    /// Each byte is one character, here and wherever the engine takes a std::string.
     void ConsolePrintString(std::string text);
     void ConsolePrintString(String text, int x, int y);
     void ConsolePrintString(std::string text, int x, int y);
@@ -185,7 +186,6 @@ public:
     /// Wraps the text inside the box and clips it there; -1 for right or bottom is the edge of the canvas.
     bool DrawString(String text, int left, int top, int right, int bottom);
     bool DrawString(String text, DOUBLE2 topLeft, double right, double bottom);
-    /// Each byte is one character.
     bool DrawString(std::string text, int left, int top, int right, int bottom);
     bool DrawString(std::string text, DOUBLE2 topLeft, double right, double bottom);
 
@@ -221,7 +221,7 @@ private:
     void D2DBeginPaint();
     bool D2DEndPaint();
     LRESULT ForwardMouseButton(bool isLeft, bool isDown, WPARAM wParam, LPARAM lParam);
-    void PrintToConsole(std::wstring_view text);
+    static String Widened(const std::string& text);
     [[noreturn]] void Fail(wchar_t const* text);
 
     static constexpr int maxWatchedKeys = 32;

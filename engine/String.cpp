@@ -8,6 +8,10 @@
 #include <cwchar>
 #include <iterator>
 
+namespace {
+wchar_t Widened(char character) { return static_cast<wchar_t>(static_cast<unsigned char>(character)); }
+} // namespace
+
 String::String(wchar_t const* text) { Assign(text, static_cast<int>(std::wcslen(text))); }
 
 String::String(char const* text) {
@@ -22,7 +26,7 @@ String::String(char const* text) {
 
 String::String(wchar_t character) { Assign(&character, 1); }
 
-String::String(char character) : String(static_cast<wchar_t>(static_cast<unsigned char>(character))) {}
+String::String(char character) : String(Widened(character)) {}
 
 String::String(String const& other) : precision(other.precision) { Assign(other.textPtr, other.GetLength()); }
 
@@ -39,7 +43,7 @@ String& String::operator+=(String const& other) {
 String& String::operator+=(wchar_t const* text) { return *this += String(text); }
 String& String::operator+=(char const* text) { return *this += String(text); }
 String& String::operator+=(wchar_t character) { return Append(&character, 1); }
-String& String::operator+=(char character) { return *this += String(character); }
+String& String::operator+=(char character) { return *this += Widened(character); }
 
 String& String::operator+=(int number) {
     char digits[16];

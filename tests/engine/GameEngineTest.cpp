@@ -278,4 +278,14 @@ TEST_F(EngineLoop, NamesAnUntitledBoxNoTitle) {
     Run(0); // ends the engine
 }
 
+TEST_F(EngineLoop, PrintsEachByteOfNarrowTextAsOneCharacter) {
+    GameEngine& engine = *GameEngine::GetSingleton();
+    testing::internal::CaptureStdout();
+    engine.OpenConsole();
+    engine.ConsolePrintString(std::string("caf\xE9"));
+    engine.ConsolePrintString(std::string("\xFF"), 4, 0);
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::EndsWith("caf\u00E9\n\x1b[1;5H\u00FF\n"));
+    Run(0); // ends the engine
+}
+
 } // namespace

@@ -84,7 +84,7 @@ bool String::StartsWith(String const& prefix) const {
     return prefix.GetLength() <= GetLength() && std::wmemcmp(textPtr, prefix.textPtr, prefix.GetLength()) == 0;
 }
 
-String String::SubStr(int index) const { return SubStr(index, GetLength() - index); }
+String String::SubStr(int index) const { return SubStr(index, GetLength() - std::max(index, 0)); }
 
 String String::SubStr(int index, int length) const {
     String part(L"");

@@ -45,8 +45,11 @@ TEST(String, AnswersAtTheEdgesOfTheText) {
     EXPECT_EQ(Text(letters.SubStr(4, 3)), "");
     EXPECT_EQ(Text(letters.SubStr(4)), "ef");
     EXPECT_EQ(Text(letters.SubStr(6)), "");
-    EXPECT_EQ(Text(letters.SubStr(-1, 2)), "");
-    EXPECT_EQ(Text(letters.SubStr(1, std::numeric_limits<int>::max())), "");
+    constexpr int largest = std::numeric_limits<int>::max();
+    constexpr int smallest = std::numeric_limits<int>::min();
+    for (const int index : {smallest, -1, largest}) EXPECT_EQ(Text(letters.SubStr(index)), "");
+    for (const int index : {smallest, -1, 1, largest})
+        for (const int length : {smallest, -1, 0, largest}) EXPECT_EQ(Text(letters.SubStr(index, length)), "");
     EXPECT_EQ(String(L"a b a").LastIndexOf(L'a'), 4);
     EXPECT_EQ(String(L"a b a").LastIndexOf(L'z'), -1);
     EXPECT_TRUE(letters.StartsWith(L"abc"));

@@ -1,5 +1,6 @@
 #include "engine/String.h"
 
+#include "engine/Decimal.h"
 #include "platform/Unicode.h"
 
 #include <algorithm>
@@ -121,7 +122,15 @@ int String::ToInteger() const {
     return static_cast<int>(std::clamp<long>(number, INT_MIN, INT_MAX));
 }
 
-double String::ToDouble() const { return std::wcstod(textPtr, nullptr); }
+double String::ToDouble() const {
+    const std::wstring_view text(textPtr, static_cast<std::size_t>(GetLength()));
+    const std::size_t start = std::min(text.find_first_not_of(L" \t\n\v\f\r"), text.size());
+    const std::size_t end = std::min(text.find_first_not_of(L"+-.0123456789eE", start), text.size());
+    const std::string number(textPtr + start, textPtr + end);
+    double value = 0.0;
+    ReadDecimal(number, value);
+    return value;
+}
 
 String& String::SetPrecision(int decimals) {
     precision = decimals;

@@ -64,7 +64,14 @@ TEST(String, ReadsTheNumberAtItsStart) {
     EXPECT_EQ(String(L"  +42abc").ToInteger(), 42);
     EXPECT_EQ(String(L"abc").ToInteger(), 0);
     EXPECT_EQ(String(L"99999999999999").ToInteger(), std::numeric_limits<int>::max());
-    EXPECT_DOUBLE_EQ(String(L"2.5e1 apples").ToDouble(), 25.0);
+    const struct {
+        const wchar_t* text;
+        double number;
+    } numbers[] = {{L"2.5e1 apples", 25.0}, {L" \t-.5", -0.5}, {L"+3", 3.0},  {L"1e5", 1e5},  {L"2eggs", 2.0},
+                   {L"0x10", 0.0},          {L"7.,8", 7.0},    {L"1,5", 1.0}, {L"info", 0.0}, {L"-inf", 0.0},
+                   {L"nano", 0.0},          {L"+-3", 0.0},     {L"e5", 0.0},  {L".", 0.0},    {L"", 0.0},
+                   {L"1e999", 0.0},         {L"\u0661", 0.0}};
+    for (const auto& [text, number] : numbers) EXPECT_EQ(String(text).ToDouble(), number) << Text(text);
 }
 
 TEST(String, GrowsBeyondItsInlineRoomAndIntoItself) {

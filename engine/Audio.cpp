@@ -109,8 +109,7 @@ void Audio::TakeAlias() {
 
 void Audio::ExtractResource(int resourceID, String const& resourceType) const {
     // No step is checked: without the file, opening it fails.
-    std::filesystem::path const path =
-        platform::ToFilePath({fileName.C_str(), static_cast<std::size_t>(fileName.GetLength())});
+    std::filesystem::path const path = platform::ToFilePath(fileName.C_str());
     std::error_code ignored;
     std::filesystem::create_directory(path.parent_path(), ignored);
     auto const bytes = platform::FindResource(resourceID, resourceType.ToUtf8());

@@ -92,8 +92,11 @@ void Audio::SetVolume(int newVolume) {
 
 void Audio::Tick() {
     if (commandQueue.empty()) return;
-    Send(commandQueue.front());
-    commandQueue.erase(commandQueue.begin());
+    Send(commandQueue[sentCount++]);
+    // The sent ones leave together once they are half of all, so a command costs the same however many wait.
+    if (2 * sentCount < commandQueue.size()) return;
+    commandQueue.erase(commandQueue.begin(), commandQueue.begin() + static_cast<std::ptrdiff_t>(sentCount));
+    sentCount = 0;
 }
 
 LRESULT Audio::HandleNotification(HWND window, UINT message, WPARAM wParam, LPARAM) {

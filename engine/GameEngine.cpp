@@ -135,17 +135,25 @@ void GameEngine::ShowMousePointer(bool show) {
 
 bool GameEngine::GoFullscreen() {
     if (fullscreen || !Desktop::Current().SetFullscreen(true)) return false;
+    savedWindowPosition = GetWindowPosition();
+    SetCaption(false);
+    SetWindowPosition(0, 0);
     fullscreen = true;
-    Repaint();
     return true;
 }
 
 bool GameEngine::GoWindowedMode() {
     if (!fullscreen) return false;
     Desktop::Current().SetFullscreen(false);
+    SetCaption(true);
+    SetWindowPosition(savedWindowPosition.x, savedWindowPosition.y);
     fullscreen = false;
-    Repaint();
     return true;
+}
+
+void GameEngine::SetCaption(bool hasCaption) {
+    if (hWindow == nullptr) return;
+    hWindow->style = hasCaption ? hWindow->style | WS_CAPTION : hWindow->style & ~WS_CAPTION;
 }
 
 void GameEngine::TabNext(HWND childWindow) { MoveFocus(childWindow, +1); }
@@ -173,7 +181,7 @@ LRESULT GameEngine::HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_CREATE: SetWindow(window); return 0;
     case WM_DESTROY: desktop.PostQuitMessage(0); return 0;
     case WM_SIZE:
-        if (wParam == SIZE_MAXIMIZED) window->style &= ~WS_CAPTION;
+        if (wParam == SIZE_MAXIMIZED) SetCaption(false);
         return 0;
     case WM_ACTIVATE:
         SetSleep(wParam == WA_INACTIVE);

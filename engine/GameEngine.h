@@ -82,7 +82,10 @@ public:
     POINT GetWindowPosition() const;
     void SetWindowPosition(int left, int top);
     void ShowMousePointer(bool show);
+    /// Fills the screen with the picture and moves the window to (0, 0). False if it cannot, or already does.
     bool GoFullscreen();
+    /// Back to the window, where it was before GoFullscreen; its style has the caption bits then. False if not in full
+    /// screen.
     bool GoWindowedMode();
     bool IsFullscreen() const { return fullscreen; }
     LRESULT HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -214,6 +217,7 @@ protected:
 private:
     static void KeyboardThreadEntry(void* enginePtr);
     void StopKeyThread();
+    void SetCaption(bool hasCaption);
     void MoveFocus(HWND childWindow, int direction);
     void PollKeys();
     void DeliverKeyReleases();
@@ -245,6 +249,7 @@ private:
     std::vector<WORD> deliveredReleases; // main thread only; swaps memory with the above
     std::unique_ptr<AbstractGame> gamePtr;
     bool fullscreen = false;
+    POINT savedWindowPosition; // before GoFullscreen
     POINT mousePosition;
     bool isPainting = false;
     bool vSync = true;

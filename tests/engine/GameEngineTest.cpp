@@ -278,6 +278,25 @@ TEST_F(EngineLoop, NamesAnUntitledBoxNoTitle) {
     Run(0); // ends the engine
 }
 
+TEST_F(EngineLoop, GoesFullscreenAtTheCornerAndBackToWhereTheWindowWas) {
+    log.onTick = [](int tick) {
+        GameEngine& engine = *GameEngine::GetSingleton();
+        if (tick > 0) return;
+        EXPECT_FALSE(engine.GoWindowedMode());
+        engine.SetWindowPosition(30, 40);
+        EXPECT_TRUE(engine.GoFullscreen());
+        EXPECT_FALSE(engine.GoFullscreen());
+        EXPECT_TRUE(engine.IsFullscreen());
+        EXPECT_EQ(engine.GetWindow()->bounds, (RECT{0, 0, 640, 480}));
+        EXPECT_EQ(engine.GetWindow()->style, 0x82080000U);
+        EXPECT_TRUE(engine.GoWindowedMode());
+        EXPECT_FALSE(engine.IsFullscreen());
+        EXPECT_EQ(engine.GetWindow()->bounds, (RECT{30, 40, 670, 520}));
+        EXPECT_EQ(engine.GetWindow()->style, 0x82C80000U);
+    };
+    Run(1);
+}
+
 TEST_F(EngineLoop, PrintsEachByteOfNarrowTextAsOneCharacter) {
     GameEngine& engine = *GameEngine::GetSingleton();
     testing::internal::CaptureStdout();

@@ -50,6 +50,8 @@ public:
     /// The size of the level, which is that of its background.
     int GetWidth() const;
     int GetHeight() const;
+    /// Half the height, in whole pixels.
+    int GetMiddleY() const { return GetHeight() / 2; }
     void Report(StateReport& report) const;
 
 private:

@@ -216,7 +216,7 @@ void Quillfen::KeyPressed(TCHAR key) {
     case Action::goToRoom:
         pelkoPtr->GoUnderground();
         pelkoPtr->SetPosition(chosenLevel.room.debugStart.x, chosenLevel.room.debugStart.y);
-        cameraPosition = DOUBLE2(0.0, Level::GetSingleton()->GetHeight() / 2);
+        cameraPosition = DOUBLE2(0.0, Level::GetSingleton()->GetMiddleY());
         break;
     case Action::leaveRoom: pelkoPtr->ExitUnderground(); break;
     case Action::throwFireball:

@@ -58,7 +58,8 @@ bool Dorvak::IsDead() {
     if (state == walking) return false;
     const int heroX = static_cast<int>(Pelko::GetSingleton()->GetPosition().x);
     const int windowWidth = GameEngine::GetSingleton()->GetWidth();
-    return heroX - windowWidth / 2 > motion.position.x || motion.position.x > heroX + windowWidth;
+    const int leftEnd = heroX - windowWidth / 2;
+    return leftEnd > motion.position.x || motion.position.x > heroX + windowWidth;
 }
 
 void Dorvak::Report(StateReport& report) const {

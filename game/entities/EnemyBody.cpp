@@ -22,13 +22,13 @@ void EnemyBody::HandleLevelCollision() {
     const auto [x, y] = motion.position;
     const DOUBLE2 height(0, strip.GetCellHeight());
     if (const auto ground =
-            TerrainContact::Cast(DOUBLE2(x, y - strip.GetCellHeight() / 2), height, TerrainContact::everySurface)) {
+            TerrainContact::Cast(DOUBLE2(x, y - strip.GetMiddleY()), height, TerrainContact::everySurface)) {
         motion.velocity.y = 0.0;
         motion.position += ground->PushBack(); // whatever it meets counts as ground
     }
 
     const DOUBLE2 width(strip.GetCellWidth(), 0);
-    const DOUBLE2 left(x - strip.GetCellWidth() / 2, motion.position.y);
+    const DOUBLE2 left(x - strip.GetMiddleX(), motion.position.y);
     if (const auto wall = TerrainContact::Cast(left, width, TerrainContact::everySurface)) {
         motion.velocity.x = 0.0;
         motion.position += wall->PushOut();
@@ -46,17 +46,7 @@ void EnemyBody::Report(StateReport& report) const {
 }
 
 RECT2 EnemyBody::GetCellRect() const {
-    return strip.GetCellRect(
-        DOUBLE2(motion.position.x - strip.GetCellWidth() / 2, motion.position.y - strip.GetCellHeight() / 2));
-}
-
-void EnemyBody::PaintCentered(double scaleX, double scaleY, const MATRIX3X2& matView) const {
-    const MATRIX3X2 matCenter =
-        MATRIX3X2::CreateTranslationMatrix(-(strip.GetCellWidth() / 2), -(strip.GetCellHeight() / 2));
-    const MATRIX3X2 matScale = MATRIX3X2::CreateScalingMatrix(scaleX, scaleY);
-    const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(motion.position);
-    // centre the cell on the origin, mirror it there, put it in the level, then apply the camera
-    strip.Paint(matCenter * matScale * matTranslate * matView);
+    return strip.GetCellRect(DOUBLE2(motion.position.x - strip.GetMiddleX(), motion.position.y - strip.GetMiddleY()));
 }
 
 void EnemyBody::FillHitRect(COLOR color, const MATRIX3X2& matView) {

@@ -34,7 +34,9 @@ protected:
     /// The cell about the position.
     RECT2 GetCellRect() const;
     /// Draws the cell with its centre on the position, scaled by -1 to mirror it.
-    void PaintCentered(double scaleX, double scaleY, const MATRIX3X2& matView) const;
+    void PaintCentered(double scaleX, double scaleY, const MATRIX3X2& matView) const {
+        strip.PaintCentered(motion.position, scaleX, scaleY, matView);
+    }
     /// The pictures face left.
     void PaintFacing(const MATRIX3X2& matView) const { PaintCentered(movingLeft ? 1.0 : -1.0, 1.0, matView); }
     void FillHitRect(COLOR color, const MATRIX3X2& matView);

@@ -45,7 +45,7 @@ void WalkingPowerUp::Walk(double deltaTime) {
 }
 
 void WalkingPowerUp::TurnAtWalls() {
-    const DOUBLE2 left(motion.position.x, motion.position.y + strip.GetCellHeight() / 2);
+    const DOUBLE2 left(motion.position.x, motion.position.y + strip.GetMiddleY());
     const auto wall = TerrainContact::Cast(left, DOUBLE2(strip.GetCellWidth(), 0), TerrainContact::everySurface);
     if (!wall) return;
     movingRight = !wall->IsAtEnd();
@@ -53,7 +53,7 @@ void WalkingPowerUp::TurnAtWalls() {
 }
 
 void WalkingPowerUp::StandOnLevel() {
-    const DOUBLE2 top(motion.position.x + strip.GetCellWidth() / 2, motion.position.y);
+    const DOUBLE2 top(motion.position.x + strip.GetMiddleX(), motion.position.y);
     const auto surface = TerrainContact::Cast(top, DOUBLE2(0, strip.GetCellHeight()), TerrainContact::everySurface);
     if (!surface) return;
     motion.velocity.y = 0.0;

@@ -25,7 +25,7 @@ constexpr double bounce = 3.0;             // pixels per tick, taken off the fal
 Fireball::Fireball(DOUBLE2 startPosition, Bitmap* flyingBitmapPtr, Bitmap* explodingBitmapPtr)
     : flyingStrip(flyingBitmapPtr, flyingFrames), explosionStrip(explodingBitmapPtr, explosionFrames),
       direction(Pelko::GetSingleton()->IsFacingRight() ? +1 : -1), width(flyingBitmapPtr->GetWidth()),
-      height(flyingBitmapPtr->GetHeight()), position(startPosition), hitRect(BoxAt(startPosition)) {
+      position(startPosition), hitRect(BoxAt(startPosition)) {
     Sound::GetSingleton()->PlaySound(effectFireballThrow, soundPlay, 100);
 }
 
@@ -64,17 +64,17 @@ void Fireball::TickExploding() {
 }
 
 void Fireball::BounceOffGround() {
-    const DOUBLE2 start(position.x, position.y - flyingStrip.GetCellWidth() / 2);
-    const auto ground = TerrainContact::Cast(start, DOUBLE2(0.0, height), TerrainContact::enteredSurfaces);
+    const DOUBLE2 start(position.x, position.y - flyingStrip.GetMiddleX());
+    const auto ground =
+        TerrainContact::Cast(start, DOUBLE2(0.0, flyingStrip.GetCellHeight()), TerrainContact::enteredSurfaces);
     if (!ground) return;
     velocity.y -= bounce; // off the fall, not instead of it: a faster fall bounces less high
     position += ground->PushBack();
 }
 
 void Fireball::ExplodeAtWall() {
-    const int cellWidth = flyingStrip.GetCellWidth();
-    const DOUBLE2 left(position.x - cellWidth / 2, position.y);
-    if (TerrainContact::Cast(left, DOUBLE2(cellWidth, 0.0), TerrainContact::everySurface)) Explode();
+    const DOUBLE2 left(position.x - flyingStrip.GetMiddleX(), position.y);
+    if (TerrainContact::Cast(left, DOUBLE2(flyingStrip.GetCellWidth(), 0.0), TerrainContact::everySurface)) Explode();
 }
 
 void Fireball::ExplodeAtEnemy() {
@@ -95,7 +95,7 @@ void Fireball::RollOnBlocks() {
         const DOUBLE2 blockPos = blocksPtr->GetPosition(i);
         if (!Touches(blockPos, blocksPtr->GetHitRect(i))) continue;
         velocity.y = 0.0;
-        position.y = blockPos.y - height / 2;
+        position.y = blockPos.y - flyingStrip.GetMiddleY();
     }
 }
 
@@ -117,20 +117,17 @@ bool Fireball::Touches(DOUBLE2 otherPosition, RECT2 otherBox) const {
 }
 
 RECT2 Fireball::BoxAt(DOUBLE2 centre) const {
-    const double left = centre.x - width / 2;
-    const double top = centre.y - height / 2;
-    return {left, top, left + width, top + height};
+    const int halfWidth = width / 2;
+    const double left = centre.x - halfWidth;
+    const double top = centre.y - flyingStrip.GetMiddleY();
+    return {left, top, left + width, top + flyingStrip.GetCellHeight()};
 }
 
 void Fireball::Paint(MATRIX3X2 matView) {
     if (state == done) return;
     SpriteStrip& strip = state == flying ? flyingStrip : explosionStrip;
-    // put the middle of the cell on the position, then apply the camera
-    const DOUBLE2 offset(-(strip.GetCellWidth() / 2), -(strip.GetCellHeight() / 2));
-    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(offset);
-    const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
     strip.Show(frame);
-    strip.Paint(matCenter * matTranslate * matView);
+    strip.PaintCentered(position, 1.0, 1.0, matView);
 }
 
 void Fireball::Report(StateReport& report) const {

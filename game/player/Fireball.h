@@ -48,7 +48,6 @@ private:
     int frame = 0;
     int direction; // -1 left, +1 right
     int width;     // of the box: the whole strip's, so that it reaches an enemy before the picture does
-    int height;
     State state = flying;
     DOUBLE2 position;
     DOUBLE2 velocity; // pixels per tick

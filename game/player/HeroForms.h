@@ -13,6 +13,7 @@ public:
     static constexpr int changeTicks = 90;
     // Level pixels; the cells of the sprite sheet have these sizes.
     static constexpr int width = 16; // of every form
+    static constexpr int halfWidth = width / 2;
     static constexpr int smallHeight = 16;
     static constexpr int bigHeight = 32;
 

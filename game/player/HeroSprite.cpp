@@ -43,7 +43,7 @@ void HeroSprite::Paint(DOUBLE2 position, bool facingRight, int form, int band, c
     }
     constexpr int width = HeroForms::width;
     // centre the cell on the position's line, mirror it there, put it in the level, then apply the camera
-    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(-width / 2, 0.0);
+    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(-HeroForms::halfWidth, 0.0);
     const MATRIX3X2 matScale = MATRIX3X2::CreateScalingMatrix(facingRight ? 1.0 : -1.0, 1.0);
     const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
     GameEngine* const enginePtr = GameEngine::GetSingleton();

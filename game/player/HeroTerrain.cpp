@@ -6,6 +6,7 @@
 
 namespace {
 constexpr int width = HeroForms::width;
+constexpr int halfWidth = HeroForms::halfWidth;
 
 void StopAt(Motion& motion, DOUBLE2 start, DOUBLE2 ray) {
     const auto surface = TerrainContact::Cast(start, ray, TerrainContact::enteredSurfaces);
@@ -16,9 +17,10 @@ void StopAt(Motion& motion, DOUBLE2 start, DOUBLE2 ray) {
 } // namespace
 
 void PushOutOfWalls(Motion& motion, int height) {
+    const int halfHeight = height / 2;
     // Twice: between two walls the second cast finds what the push from the first one left.
     for (int cast = 0; cast < 2; ++cast) {
-        const DOUBLE2 left(motion.position.x - width / 2, motion.position.y + height / 2);
+        const DOUBLE2 left(motion.position.x - halfWidth, motion.position.y + halfHeight);
         const auto wall = TerrainContact::Cast(left, DOUBLE2(width - 1, 0.0), TerrainContact::everySurface);
         if (!wall) continue;
         motion.velocity.x = 0.0;
@@ -31,8 +33,8 @@ void PutOnGround(Motion& motion, int height) {
     const double x = motion.position.x;
     // Two rays, not one: with a single middle ray a foot would hang through the edge of a platform. The second starts
     // at the height that the first has corrected.
-    for (const double footX : {x - width / 2 + footInset, x + width / 2 - footInset}) {
+    for (const double footX : {x - halfWidth + footInset, x + halfWidth - footInset}) {
         StopAt(motion, DOUBLE2(footX, motion.position.y), DOUBLE2(0.0, height));
     }
-    StopAt(motion, DOUBLE2(x - width / 2, motion.position.y + height), DOUBLE2(0.0, -height)); // his head
+    StopAt(motion, DOUBLE2(x - halfWidth, motion.position.y + height), DOUBLE2(0.0, -height)); // his head
 }

@@ -189,7 +189,7 @@ void Pelko::PassCheckpoint() {
 }
 
 void Pelko::StayInLevel() {
-    constexpr int half = width / 2;
+    constexpr int half = HeroForms::halfWidth;
     const int levelWidth = Level::GetSingleton()->GetWidth();
     if (motion.position.x - half < 0.0) motion.position.x = half;
     if (motion.position.x + half > levelWidth) motion.position.x = levelWidth - half;
@@ -277,9 +277,9 @@ void Pelko::Teleport(DOUBLE2 target, const MusicPlan& music) {
 
 RECT2 Pelko::GetHitRectHorizontal() const {
     if (!alive || invulnerable) return {};
-    const double left = motion.position.x - width / 2;
+    const double left = motion.position.x - HeroForms::halfWidth;
     const double top = motion.position.y + boxInset;
-    return {left, top, left + width, top + forms.GetHeight() - 2.0 * boxInset};
+    return {left, top, left + HeroForms::width, top + forms.GetHeight() - 2.0 * boxInset};
 }
 
 RECT2 Pelko::GetHitRectVertical() const {

@@ -101,8 +101,6 @@ private:
     friend class Singleton<Pelko>;
     Pelko();
 
-    static constexpr int width = HeroForms::width;
-
     void ReadDataFile();
 
     // Steps of a tick

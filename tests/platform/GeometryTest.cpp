@@ -1,7 +1,7 @@
 #include "platform/Geometry.h"
 #include "tests/support/TextSink.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <cmath>
 #include <functional>
@@ -247,18 +247,18 @@ TEST_F(Geometry, AnUnfinishedPathFailsEveryQuestion) {
     const Shape box = Rectangle(0, 0, 10, 10);
     const auto pathPtr = factoryPtr->CreatePathGeometry();
     D2D1_RECT_F bounds;
+    bool contains = false;
+    D2D1_GEOMETRY_RELATION relation;
+    TextSink sink;
     ID2D1GeometrySink* sinkPtr = nullptr;
     ID2D1GeometrySink* secondPtr = nullptr;
     for (const bool isOpen : {false, true}) {
         EXPECT_EQ(isOpen ? pathPtr->Open(&sinkPtr) : S_OK, S_OK);
-        bool contains = false;
-        D2D1_GEOMETRY_RELATION relation;
-        TextSink sink;
-        EXPECT_LT(pathPtr->GetBounds(&bounds), 0);
-        EXPECT_LT(pathPtr->FillContainsPoint({0, 0}, 0.25F, &contains), 0);
-        EXPECT_LT(box->CompareWithGeometry(*pathPtr, 0.25F, &relation), 0);
-        EXPECT_LT(pathPtr->CombineWithGeometry(*box, D2D1_COMBINE_MODE_UNION, 0.25F, sink), 0);
-        EXPECT_LT(pathPtr->Simplify(lines, 0.25F, sink), 0);
+        const HRESULT answers[] = {pathPtr->GetBounds(&bounds), pathPtr->FillContainsPoint({0, 0}, 0.25F, &contains),
+                                   box->CompareWithGeometry(*pathPtr, 0.25F, &relation),
+                                   pathPtr->CombineWithGeometry(*box, D2D1_COMBINE_MODE_UNION, 0.25F, sink),
+                                   pathPtr->Simplify(lines, 0.25F, sink)};
+        EXPECT_THAT(answers, testing::Each(testing::Lt(0)));
         EXPECT_EQ(factoryPtr->CreateTransformedGeometry(*pathPtr, {}), nullptr);
     }
     EXPECT_LT(pathPtr->Open(&secondPtr), 0);

@@ -9,12 +9,8 @@ install(TARGETS quillfen_platform quillfen_engine EXPORT QuillfenTargets ARCHIVE
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillfen)
 install(EXPORT QuillfenTargets NAMESPACE Quillfen:: DESTINATION ${package_dir})
 
-# The headers in the folders below platform/, and these, are about how the layer is built, not about using it.
-set(inner_headers MediaCommand.h MediaPlayer.h Pacer.h SoundDecoder.h)
+# The headers in the folders below platform/ are about how the layer is built, not about using it.
 file(GLOB platform_headers CONFIGURE_DEPENDS platform/*.h)
-foreach(header ${inner_headers})
-    list(REMOVE_ITEM platform_headers ${PROJECT_SOURCE_DIR}/platform/${header})
-endforeach()
 file(GLOB engine_headers CONFIGURE_DEPENDS engine/*.h)
 install(FILES ${platform_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillfen/platform)
 install(FILES ${engine_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillfen/engine)

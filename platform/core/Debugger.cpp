@@ -1,4 +1,4 @@
-#include "platform/sdl/Debugger.h"
+#include "platform/core/Debugger.h"
 
 #include <atomic>
 #include <chrono>

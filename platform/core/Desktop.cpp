@@ -2,8 +2,8 @@
 
 #include "platform/Canvas.h"
 #include "platform/Media.h"
-#include "platform/TimerQueue.h"
-#include "platform/controls/Control.h"
+#include "platform/core/TimerQueue.h"
+#include "platform/core/controls/Control.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "platform/sdl/ThreadSleeper.h"
+#include "platform/core/ThreadSleeper.h"
 
 #include <chrono>
 

@@ -1,7 +1,7 @@
 #include "platform/LoopbackMedia.h"
 
 #include "platform/Desktop.h"
-#include "platform/openal/Mixer.h"
+#include "platform/core/media/Mixer.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SoundDecoder.h"
+#include "platform/core/media/SoundDecoder.h"
 
 #include <array>
 #include <cstdint>

@@ -1,10 +1,10 @@
 #include "platform/sdl/Screen.h"
 
-#include "platform/Pacer.h"
 #include "platform/Picture.h"
 #include "platform/Resources.h"
+#include "platform/core/screen/Pacer.h"
+#include "platform/core/screen/Placement.h"
 #include "platform/sdl/DisplayProbe.h"
-#include "platform/sdl/Placement.h"
 
 #include <SDL.h>
 

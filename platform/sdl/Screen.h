@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
-#include "platform/sdl/Scaler.h"
+#include "platform/core/screen/Scaler.h"
 
 #include <memory>
 #include <string>

@@ -1,12 +1,12 @@
 #include "platform/WindowedDesktop.h"
 
 #include "platform/Media.h"
-#include "platform/Pacer.h"
 #include "platform/Unicode.h"
-#include "platform/sdl/Debugger.h"
-#include "platform/sdl/Keyboard.h"
+#include "platform/core/Debugger.h"
+#include "platform/core/ThreadSleeper.h"
+#include "platform/core/screen/Keyboard.h"
+#include "platform/core/screen/Pacer.h"
 #include "platform/sdl/Screen.h"
-#include "platform/sdl/ThreadSleeper.h"
 
 #define SDL_MAIN_HANDLED // main is our own on every system
 #include <SDL.h>

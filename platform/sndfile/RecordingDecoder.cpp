@@ -1,4 +1,4 @@
-#include "platform/SoundDecoder.h"
+#include "platform/core/media/SoundDecoder.h"
 
 #include <sndfile.h>
 

@@ -2,7 +2,7 @@
 
 #include "platform/Desktop.h"
 #include "platform/Pixel.h"
-#include "platform/canvas/Compositor.h"
+#include "platform/core/canvas/Compositor.h"
 #include "platform/pango/TextPainter.h"
 
 #include <cairo/cairo.h>

@@ -1,6 +1,6 @@
-#include "platform/canvas/Compositor.h"
+#include "platform/core/canvas/Compositor.h"
 
-#include "platform/canvas/Spans.h"
+#include "platform/core/canvas/Spans.h"
 
 #include <algorithm>
 #include <cmath>

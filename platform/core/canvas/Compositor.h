@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/canvas/FrameMemory.h"
-#include "platform/canvas/Placement.h"
-#include "platform/canvas/SpriteBitmap.h"
+#include "platform/core/canvas/FrameMemory.h"
+#include "platform/core/canvas/Placement.h"
+#include "platform/core/canvas/SpriteBitmap.h"
 
 #include <cstdint>
 #include <vector>

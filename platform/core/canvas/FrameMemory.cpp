@@ -1,4 +1,4 @@
-#include "platform/canvas/FrameMemory.h"
+#include "platform/core/canvas/FrameMemory.h"
 
 #include <cstdlib>
 #include <cstring>

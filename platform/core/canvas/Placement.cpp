@@ -1,4 +1,4 @@
-#include "platform/canvas/Placement.h"
+#include "platform/core/canvas/Placement.h"
 
 #include <cmath>
 #include <initializer_list>

@@ -1,4 +1,4 @@
-#include "platform/canvas/Spans.h"
+#include "platform/core/canvas/Spans.h"
 
 #include "platform/Pixel.h"
 

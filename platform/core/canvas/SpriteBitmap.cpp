@@ -1,4 +1,4 @@
-#include "platform/canvas/SpriteBitmap.h"
+#include "platform/core/canvas/SpriteBitmap.h"
 
 namespace platform {
 

@@ -1,7 +1,7 @@
-#include "platform/controls/ButtonControl.h"
+#include "platform/core/controls/ButtonControl.h"
 
 #include "platform/Desktop.h"
-#include "platform/controls/Theme.h"
+#include "platform/core/controls/Theme.h"
 
 #include <algorithm>
 #include <cmath>

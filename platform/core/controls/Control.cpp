@@ -1,9 +1,9 @@
-#include "platform/controls/Control.h"
+#include "platform/core/controls/Control.h"
 
 #include "platform/Desktop.h"
-#include "platform/controls/ButtonControl.h"
-#include "platform/controls/EditControl.h"
-#include "platform/controls/Theme.h"
+#include "platform/core/controls/ButtonControl.h"
+#include "platform/core/controls/EditControl.h"
+#include "platform/core/controls/Theme.h"
 
 namespace platform {
 

@@ -1,8 +1,8 @@
-#include "platform/controls/EditControl.h"
+#include "platform/core/controls/EditControl.h"
 
 #include "platform/Desktop.h"
 #include "platform/Unicode.h"
-#include "platform/controls/Theme.h"
+#include "platform/core/controls/Theme.h"
 
 #include <algorithm>
 #include <cmath>

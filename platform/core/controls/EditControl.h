@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/Control.h"
+#include "platform/core/controls/Control.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 #include "platform/Media.h"
-#include "platform/openal/Mixer.h"
+#include "platform/core/media/Mixer.h"
 
 #include <chrono>
 #include <condition_variable>

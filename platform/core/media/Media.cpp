@@ -2,9 +2,9 @@
 
 #include "platform/Desktop.h"
 #include "platform/FilePath.h"
-#include "platform/MediaCommand.h"
-#include "platform/MediaPlayer.h"
-#include "platform/SoundDecoder.h"
+#include "platform/core/media/MediaCommand.h"
+#include "platform/core/media/MediaPlayer.h"
+#include "platform/core/media/SoundDecoder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "platform/MediaCommand.h"
+#include "platform/core/media/MediaCommand.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/openal/Mixer.h"
+#include "platform/core/media/Mixer.h"
 
 #include <algorithm>
 #include <utility>

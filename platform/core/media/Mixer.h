@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MediaPlayer.h"
+#include "platform/core/media/MediaPlayer.h"
 #include "platform/openal/SoundDevice.h"
 #include "platform/openal/SoundSource.h"
 

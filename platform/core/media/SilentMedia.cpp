@@ -1,6 +1,6 @@
 #include "platform/Desktop.h"
 #include "platform/Media.h"
-#include "platform/MediaPlayer.h"
+#include "platform/core/media/MediaPlayer.h"
 
 #include <algorithm>
 #include <vector>

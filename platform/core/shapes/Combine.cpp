@@ -1,4 +1,4 @@
-#include "platform/clipper/Combine.h"
+#include "platform/core/shapes/Combine.h"
 
 #include <polyclipping/clipper.hpp>
 

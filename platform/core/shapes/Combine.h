@@ -2,7 +2,7 @@
 
 // Boolean operations on the areas of two outlines.
 
-#include "platform/clipper/Outline.h"
+#include "platform/core/shapes/Outline.h"
 
 namespace platform {
 

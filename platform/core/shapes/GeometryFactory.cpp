@@ -1,4 +1,4 @@
-#include "platform/clipper/PathGeometry.h"
+#include "platform/core/shapes/PathGeometry.h"
 
 #include <cmath>
 #include <numbers>

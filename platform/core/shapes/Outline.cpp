@@ -1,4 +1,4 @@
-#include "platform/clipper/Outline.h"
+#include "platform/core/shapes/Outline.h"
 
 #include <algorithm>
 #include <cmath>

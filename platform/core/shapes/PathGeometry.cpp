@@ -1,6 +1,6 @@
-#include "platform/clipper/PathGeometry.h"
+#include "platform/core/shapes/PathGeometry.h"
 
-#include "platform/clipper/Combine.h"
+#include "platform/core/shapes/Combine.h"
 
 #include <algorithm>
 #include <cmath>

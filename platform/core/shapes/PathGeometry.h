@@ -2,7 +2,7 @@
 
 // The one kind of shape there is: rectangles, ellipses and transformed shapes are paths that were closed when made.
 
-#include "platform/clipper/Outline.h"
+#include "platform/core/shapes/Outline.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
 // What composing a frame costs and keeps: no memory is asked for, and no shortcut changes a pixel.
 
-#include "platform/canvas/Compositor.h"
+#include "platform/core/canvas/Compositor.h"
 #include "tests/support/CanvasStage.h"
 
 #include <cstdlib>

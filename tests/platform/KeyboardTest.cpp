@@ -1,4 +1,4 @@
-#include "platform/sdl/Keyboard.h"
+#include "platform/core/screen/Keyboard.h"
 
 #include "platform/Messages.h"
 

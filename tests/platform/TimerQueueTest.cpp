@@ -1,4 +1,4 @@
-#include "platform/TimerQueue.h"
+#include "platform/core/TimerQueue.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

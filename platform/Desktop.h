@@ -19,6 +19,7 @@ namespace platform {
 class Control;
 class MediaInterface;
 class TimerQueue;
+struct Backend;
 
 struct Message {
     HWND window = nullptr;
@@ -63,7 +64,8 @@ public:
 /// Everything is called on the main thread unless marked "any thread".
 class Desktop {
 public:
-    Desktop();
+    /// The libraries that programs on this desktop draw, decode and play with; they must outlive it.
+    explicit Desktop(const Backend& chosenBackend);
     virtual ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -72,6 +74,8 @@ public:
     static Desktop& Current();
     /// Makes `desktopPtr` the desktop of the program; null removes it. The previous one is destroyed.
     static void Use(std::unique_ptr<Desktop> desktopPtr);
+
+    const Backend& GetBackend() const { return backend; }
 
     // Windows
 
@@ -205,6 +209,7 @@ private:
     HWND ChildAt(POINT point) const;
     void DropInput(HWND window);
 
+    const Backend& backend;
     std::vector<std::unique_ptr<Window>> windows;
     std::vector<Control*> controls; // those among the windows, later ones above earlier ones
     Window* mainWindowPtr = nullptr;

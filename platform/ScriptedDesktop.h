@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/NativeBackend.h"
 
 #include <condition_variable>
 #include <functional>
@@ -30,7 +31,7 @@ public:
         std::wstring text;
     };
 
-    explicit ScriptedDesktop(double frameSeconds = 1.0 / 60.0);
+    explicit ScriptedDesktop(double frameSeconds = 1.0 / 60.0, const Backend& backend = NativeBackend());
     ~ScriptedDesktop() override;
 
     // The script; events of one frame happen in the order they are given. Keys and mouse reach the program as they do

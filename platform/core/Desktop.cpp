@@ -23,7 +23,7 @@ bool Contains(RECT rect, POINT point) {
 }
 } // namespace
 
-Desktop::Desktop() { queue.reserve(256); }
+Desktop::Desktop(const Backend& chosenBackend) : backend(chosenBackend) { queue.reserve(256); }
 Desktop::~Desktop() = default;
 
 Desktop& Desktop::Current() { return *CurrentSlot(); }

@@ -1,30 +1,31 @@
 #pragma once
 
-#include <memory>
+#include "platform/core/media/SoundDevice.h"
+
 #include <span>
 
 namespace platform {
 
-/// A device that sounds are played on. Sources and buffers belong to the device that is current on their thread.
-class SoundDevice {
+class OpenAlDevice final : public SoundDevice {
 public:
-    /// The default device of the system; null if there is none. May take a tenth of a second.
-    static std::unique_ptr<SoundDevice> OpenDefault();
+    /// Makes the libraries keep quiet; what it answers opens the default device of the system. Main thread.
+    static SoundDeviceOpener MakeOpener();
     /// A device that mixes into memory, in 32-bit stereo.
-    static std::unique_ptr<SoundDevice> OpenLoopback(int samplesPerSecond);
-    ~SoundDevice();
-    SoundDevice(const SoundDevice&) = delete;
-    SoundDevice& operator=(const SoundDevice&) = delete;
+    static std::unique_ptr<OpenAlDevice> OpenLoopback(int samplesPerSecond);
+    ~OpenAlDevice() override;
+    OpenAlDevice(const OpenAlDevice&) = delete;
+    OpenAlDevice& operator=(const OpenAlDevice&) = delete;
 
-    /// What the calling thread does next, it does on this device.
-    void MakeCurrent() const;
+    void MakeCurrent() override;
+    std::shared_ptr<const SoundClip> MakeClip(SoundDecoder& decoder) override;
+    std::unique_ptr<SoundSource> PlayClip(std::shared_ptr<const SoundClip> clipPtr, double from) override;
+    std::unique_ptr<SoundSource> PlayStream(std::unique_ptr<SoundDecoder> decoderPtr, double from, double to) override;
+    bool IsConnected() const override;
     /// Mixes the next samples, left and right in turn; loopback devices only.
     void Render(std::span<float> samples) const;
-    /// False for good once the device has gone away.
-    bool IsConnected() const;
 
 private:
-    SoundDevice(void* openedDevicePtr, const int attributes[]);
+    OpenAlDevice(void* openedDevicePtr, const int attributes[]);
     bool IsReady() const { return contextPtr != nullptr; }
 
     void* devicePtr;

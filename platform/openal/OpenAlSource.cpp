@@ -1,4 +1,4 @@
-#include "platform/openal/SoundSource.h"
+#include "platform/openal/OpenAlSource.h"
 
 #include <AL/al.h>
 #include <AL/alext.h>
@@ -26,16 +26,16 @@ std::int64_t ToFrames(double milliseconds, int samplesPerSecond) {
 }
 } // namespace
 
-SoundClip::SoundClip(SoundDecoder& decoder) : samplesPerSecond(decoder.SamplesPerSecond()) {
+OpenAlClip::OpenAlClip(SoundDecoder& decoder) : samplesPerSecond(decoder.SamplesPerSecond()) {
     std::vector<std::int16_t> samples(static_cast<std::size_t>(decoder.FrameCount()) * 2);
     samples.resize(decoder.Read(samples) * 2);
     alGenBuffers(1, &buffer);
     Fill(buffer, samples, samplesPerSecond);
 }
 
-SoundClip::~SoundClip() { alDeleteBuffers(1, &buffer); }
+OpenAlClip::~OpenAlClip() { alDeleteBuffers(1, &buffer); }
 
-SoundSource::SoundSource() {
+OpenAlSource::OpenAlSource() {
     alGetError();
     alGenSources(1, &source);
     if (alGetError() != AL_NO_ERROR) source = 0;
@@ -44,39 +44,36 @@ SoundSource::SoundSource() {
     if (alIsExtensionPresent("AL_SOFT_direct_channels") != AL_FALSE) {
         alSourcei(source, AL_DIRECT_CHANNELS_SOFT, AL_TRUE);
     }
-    freeBuffers.reserve(pieceCount);
 }
 
-SoundSource::~SoundSource() {
-    Stop();
-    if (source != 0) alDeleteSources(1, &source);
-    if (buffers[0] != 0) alDeleteBuffers(pieceCount, buffers.data());
-}
-
-void SoundSource::SetClip(std::shared_ptr<const SoundClip> playedClipPtr, double from) {
-    Stop();
+OpenAlSource::OpenAlSource(std::shared_ptr<const OpenAlClip> playedClipPtr, double from) : OpenAlSource() {
     if (source == 0) return;
     clipPtr = std::move(playedClipPtr);
     alSourcei(source, AL_BUFFER, static_cast<ALint>(clipPtr->buffer));
     alSourcei(source, AL_SAMPLE_OFFSET, static_cast<ALint>(ToFrames(from, clipPtr->samplesPerSecond)));
 }
 
-bool SoundSource::SetStream(std::unique_ptr<SoundDecoder> playedDecoderPtr, double from, double to) {
-    Stop();
+OpenAlSource::OpenAlSource(std::unique_ptr<SoundDecoder> playedDecoderPtr, double from, double to) : OpenAlSource() {
     const int samplesPerSecond = playedDecoderPtr->SamplesPerSecond();
     heardFrames = ToFrames(from, samplesPerSecond);
     framesLeft = ToFrames(to, samplesPerSecond) - heardFrames;
-    if (source == 0 || (heardFrames > 0 && !playedDecoderPtr->Seek(heardFrames))) return false;
-    if (buffers[0] == 0) alGenBuffers(pieceCount, buffers.data());
+    if (source == 0 || (heardFrames > 0 && !playedDecoderPtr->Seek(heardFrames))) return;
+    alGenBuffers(pieceCount, buffers.data());
     freeBuffers.assign(buffers.begin(), buffers.end());
     piece.resize(static_cast<std::size_t>(samplesPerSecond / piecesPerSecond) * 2);
     decoderPtr = std::move(playedDecoderPtr);
-    return true;
 }
 
-void SoundSource::SetGain(float gain) { alSourcef(source, AL_GAIN, gain); }
+OpenAlSource::~OpenAlSource() {
+    alSourceStop(source);
+    alSourcei(source, AL_BUFFER, 0);
+    if (source != 0) alDeleteSources(1, &source);
+    if (buffers[0] != 0) alDeleteBuffers(pieceCount, buffers.data());
+}
 
-void SoundSource::Run(bool run) {
+void OpenAlSource::SetGain(float gain) { alSourcef(source, AL_GAIN, gain); }
+
+void OpenAlSource::Run(bool run) {
     if (!IsSet() || ended) return;
     if (decoderPtr) Refill();
     const int state = Get(source, AL_SOURCE_STATE);
@@ -91,23 +88,14 @@ void SoundSource::Run(bool run) {
     }
 }
 
-void SoundSource::Stop() {
-    alSourceStop(source);
-    alSourcei(source, AL_BUFFER, 0);
-    clipPtr.reset();
-    decoderPtr.reset();
-    hasBegun = false;
-    ended = false;
-}
-
-double SoundSource::Position() const {
+double OpenAlSource::Position() const {
     if (!IsSet()) return 0.0;
     const int samplesPerSecond = decoderPtr ? decoderPtr->SamplesPerSecond() : clipPtr->samplesPerSecond;
     const std::int64_t offset = Get(source, AL_SAMPLE_OFFSET);
     return static_cast<double>((decoderPtr ? heardFrames : 0) + offset) * 1000.0 / samplesPerSecond;
 }
 
-void SoundSource::Refill() {
+void OpenAlSource::Refill() {
     for (int processed = Get(source, AL_BUFFERS_PROCESSED); processed > 0; --processed) {
         ALuint buffer = 0;
         ALint bytes = 0;
@@ -119,7 +107,7 @@ void SoundSource::Refill() {
     while (!freeBuffers.empty() && QueuePiece(freeBuffers.back())) freeBuffers.pop_back();
 }
 
-bool SoundSource::QueuePiece(unsigned buffer) {
+bool OpenAlSource::QueuePiece(unsigned buffer) {
     const auto wanted = std::min<std::int64_t>(framesLeft, static_cast<std::int64_t>(piece.size() / 2));
     if (wanted <= 0) return false;
     const std::span<std::int16_t> samples(piece.data(), static_cast<std::size_t>(wanted) * 2);

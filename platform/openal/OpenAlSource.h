@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/core/media/SoundDecoder.h"
+#include "platform/core/media/SoundSource.h"
 
 #include <array>
 #include <cstdint>
@@ -9,56 +10,51 @@
 
 namespace platform {
 
-/// A short sound, decoded whole into the memory of the current device; for all sources that play it.
-class SoundClip {
+/// A clip in the memory of the current device.
+class OpenAlClip final : public SoundClip {
 public:
-    explicit SoundClip(SoundDecoder& decoder);
-    ~SoundClip();
-    SoundClip(const SoundClip&) = delete;
-    SoundClip& operator=(const SoundClip&) = delete;
+    explicit OpenAlClip(SoundDecoder& decoder);
+    ~OpenAlClip() override;
+    OpenAlClip(const OpenAlClip&) = delete;
+    OpenAlClip& operator=(const OpenAlClip&) = delete;
 
 private:
-    friend class SoundSource;
+    friend class OpenAlSource;
     unsigned buffer = 0;
     int samplesPerSecond;
 };
 
 /// Plays one sound on the current device: a clip, or a stream that is decoded a little ahead of what is heard.
-class SoundSource {
+class OpenAlSource final : public SoundSource {
 public:
-    SoundSource();
-    ~SoundSource();
-    SoundSource(const SoundSource&) = delete;
-    SoundSource& operator=(const SoundSource&) = delete;
+    // Positions are milliseconds into the file.
 
-    // What to play; silent until Run. Positions are milliseconds into the file.
+    OpenAlSource(std::shared_ptr<const OpenAlClip> playedClipPtr, double from);
+    OpenAlSource(std::unique_ptr<SoundDecoder> playedDecoderPtr, double from, double to);
+    ~OpenAlSource() override;
+    OpenAlSource(const OpenAlSource&) = delete;
+    OpenAlSource& operator=(const OpenAlSource&) = delete;
 
-    void SetClip(std::shared_ptr<const SoundClip> playedClipPtr, double from);
-    /// False if the decoder cannot go to `from`.
-    bool SetStream(std::unique_ptr<SoundDecoder> playedDecoderPtr, double from, double to);
-
-    /// Plays, or holds; to be called every few hundredths of a second, because it also decodes what is heard next.
-    void Run(bool run);
-    void SetGain(float gain);
-    void Stop();
-    /// False when it is stopped, or its device had no room for it.
+    /// False if its device has no room for it, or its decoder could not go to where it was to begin.
     bool IsSet() const { return clipPtr || decoderPtr; }
-    bool HasEnded() const { return ended; }
-    /// Milliseconds into the file.
-    double Position() const;
+    void Run(bool run) override;
+    void SetGain(float gain) override;
+    double Position() const override;
+    bool HasEnded() const override { return ended; }
 
 private:
     // Four pieces of a tenth of a second: so long the thread that decodes may be late.
     static constexpr std::size_t pieceCount = 4;
     static constexpr int piecesPerSecond = 10;
 
+    OpenAlSource();
     void Refill();
     bool QueuePiece(unsigned buffer);
 
     unsigned source = 0;
     bool hasBegun = false;
     bool ended = false;
-    std::shared_ptr<const SoundClip> clipPtr;
+    std::shared_ptr<const OpenAlClip> clipPtr;
     std::unique_ptr<SoundDecoder> decoderPtr;
     std::array<unsigned, pieceCount> buffers{};
     std::vector<unsigned> freeBuffers;

@@ -130,8 +130,8 @@ private:
     std::unique_ptr<MediaInterface> playerPtr;
 };
 
-ScriptedDesktop::ScriptedDesktop(double frameSeconds)
-    : secondsPerFrame(frameSeconds), timersPtr(std::make_shared<Timers>()) {}
+ScriptedDesktop::ScriptedDesktop(double frameSeconds, const Backend& backend)
+    : Desktop(backend), secondsPerFrame(frameSeconds), timersPtr(std::make_shared<Timers>()) {}
 
 ScriptedDesktop::~ScriptedDesktop() { CloseMedia(); }
 

@@ -1,7 +1,9 @@
 #include "platform/WindowedDesktop.h"
 
 #include "platform/Media.h"
+#include "platform/Resources.h"
 #include "platform/Unicode.h"
+#include "platform/core/Backend.h"
 #include "platform/core/Debugger.h"
 #include "platform/core/ThreadSleeper.h"
 #include "platform/core/screen/Keyboard.h"
@@ -115,6 +117,7 @@ struct PointerFreer {
 
 class WindowedDesktop : public Desktop {
 public:
+    using Desktop::Desktop;
     ~WindowedDesktop() override { CloseMedia(); }
 
     POINT ScreenSize() const override;
@@ -154,6 +157,7 @@ private:
     void PostSize(WPARAM how);
     void Activate(bool active);
     void UpdateBounds();
+    void ShowIcon(WORD resourceId);
 
     VideoLibrary video;
     const std::thread::id mainThread = std::this_thread::get_id();
@@ -181,7 +185,7 @@ POINT WindowedDesktop::ScreenSize() const {
 bool WindowedDesktop::Present(HWND window, const FrameView& frame, bool waitForBlank) {
     if (window == nullptr || window != MainWindow() || !screenPtr) return false;
     if (!screenPtr->Present(frame, waitForBlank)) return false;
-    if (pendingIcon != 0) screenPtr->SetIcon(std::exchange(pendingIcon, WORD{0}));
+    if (pendingIcon != 0) ShowIcon(std::exchange(pendingIcon, WORD{0}));
     if (!waitForBlank) return true;
     if (const double rate = screenPtr->BlankRate(); rate != blankRate) {
         blankRate = rate;
@@ -420,6 +424,12 @@ void WindowedDesktop::UpdateBounds() {
     bounds = {position.x, position.y, position.x + bounds.right - bounds.left, position.y + bounds.bottom - bounds.top};
 }
 
+void WindowedDesktop::ShowIcon(WORD resourceId) {
+    if (auto picture = GetBackend().decodePicture(FindResource(resourceId, "ICON"))) {
+        screenPtr->SetIcon(std::move(*picture));
+    }
+}
+
 void WindowedDesktop::HoldMouse(bool hold) {
     if (video.IsReady()) SDL_CaptureMouse(hold ? SDL_TRUE : SDL_FALSE);
 }
@@ -432,6 +442,8 @@ void WindowedDesktop::ShowTextPointer(bool show) {
 
 } // namespace
 
-std::unique_ptr<Desktop> MakeWindowedDesktop() { return std::make_unique<WindowedDesktop>(); }
+std::unique_ptr<Desktop> MakeWindowedDesktop(const Backend& backend) {
+    return std::make_unique<WindowedDesktop>(backend);
+}
 
 } // namespace platform

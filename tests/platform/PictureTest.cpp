@@ -1,5 +1,6 @@
 #include "platform/Picture.h"
 #include "platform/Imaging.h"
+#include "platform/WindowedDesktop.h"
 #include "tests/support/ImageCompare.h"
 
 #include <filesystem>
@@ -83,11 +84,13 @@ TEST(PictureFile, IsRefusedWhenMissingOrDamaged) {
 class PicturePrefetch : public testing::Test {
 protected:
     PicturePrefetch() {
+        platform::Desktop::Use(platform::MakeWindowedDesktop()); // one with threads
         for (int index = 0; index < 6; ++index) {
             paths.push_back(TemporaryPath("prefetch-" + std::to_string(index) + ".png"));
             EXPECT_TRUE(platform::SavePng(paths.back(), Numbered(index)));
         }
     }
+    ~PicturePrefetch() override { platform::Desktop::Use(nullptr); }
     static Picture Numbered(int index) { return Coloured(200 + index, 100, 60 + static_cast<std::uint32_t>(index)); }
     /// Whether the factory gives picture `index`.
     testing::AssertionResult Gives(IWICImagingFactory& factory, int index) const {

@@ -1,16 +1,13 @@
+#include "platform/Desktop.h"
 #include "platform/Media.h"
+#include "platform/core/Backend.h"
 #include "platform/core/media/Mixer.h"
 
 #include <chrono>
 #include <condition_variable>
-#include <cstdlib>
 #include <mutex>
 #include <thread>
 #include <utility>
-
-#if __has_include(<dlfcn.h>)
-#include <dlfcn.h>
-#endif
 
 namespace platform {
 
@@ -18,27 +15,14 @@ namespace {
 // Well below what is decoded ahead, and short enough to notice an end within the frame in which it falls.
 constexpr auto roundTime = std::chrono::milliseconds(15);
 
-void IgnoreError(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/, const char* /*format*/,
-                 ...) {}
-
-/// A machine without a sound card is no fault, but the libraries below tell the terminal so at every attempt.
-void QuietLibraries() {
-#if __has_include(<dlfcn.h>)
-    setenv("ALSOFT_LOGLEVEL", "0", 0);
-    using SetErrorHandler = int (*)(decltype(&IgnoreError) handler);
-    void* const symbolPtr = dlsym(RTLD_DEFAULT, "snd_lib_error_set_handler");
-    if (symbolPtr == nullptr) return;
-    reinterpret_cast<SetErrorHandler>(symbolPtr)(IgnoreError);
-#endif
-}
-
 double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
 /// A mixer on the default device, with a thread for its rounds: neither opening the device nor decoding holds a frame
 /// up.
 class DevicePlayer : public MediaPlayer {
 public:
-    DevicePlayer() : mixer(Now, SoundDevice::OpenDefault, [this] { Wake(); }), thread([this] { Work(); }) {}
+    explicit DevicePlayer(const Backend& backend)
+        : mixer(backend, Now, backend.findSoundDevice(), [this] { Wake(); }), thread([this] { Work(); }) {}
 
     ~DevicePlayer() override {
         {
@@ -91,8 +75,7 @@ private:
 } // namespace
 
 std::unique_ptr<MediaInterface> MakeDeviceMedia(Desktop& desktop) {
-    QuietLibraries();
-    return MakeMedia(desktop, std::make_unique<DevicePlayer>());
+    return MakeMedia(desktop, std::make_unique<DevicePlayer>(desktop.GetBackend()));
 }
 
 } // namespace platform

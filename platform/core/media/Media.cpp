@@ -2,8 +2,10 @@
 
 #include "platform/Desktop.h"
 #include "platform/FilePath.h"
+#include "platform/core/Backend.h"
 #include "platform/core/media/MediaCommand.h"
 #include "platform/core/media/MediaPlayer.h"
+#include "platform/core/media/MidiLength.h"
 #include "platform/core/media/SoundDecoder.h"
 
 #include <algorithm>
@@ -18,14 +20,6 @@ using Verb = MediaCommand::Verb;
 using FileType = MediaCommand::FileType;
 
 constexpr int fullVolume = 1000;
-
-/// The length in milliseconds of the recording at `path`, negative if nothing can be read from it.
-int RecordingLength(const std::string& path) {
-    const std::unique_ptr<SoundDecoder> decoderPtr = OpenRecording(path);
-    if (!decoderPtr) return -1;
-    const double seconds = static_cast<double>(decoderPtr->FrameCount()) / decoderPtr->SamplesPerSecond();
-    return static_cast<int>(std::lround(std::min(seconds, 1e6) * 1000.0));
-}
 
 /// The table of open sounds and what the commands do to it.
 class CommandMedia : public MediaInterface {
@@ -105,6 +99,14 @@ private:
         file.isMidi = fileType == FileType::sequencer;
         file.length = file.isMidi ? MidiLength(file.path) : RecordingLength(file.path);
         return file.length < 0 ? nullptr : std::make_shared<const MediaFile>(std::move(file));
+    }
+
+    /// The length in milliseconds of the recording at `path`, negative if nothing can be read from it.
+    int RecordingLength(const std::string& path) const {
+        const std::unique_ptr<SoundDecoder> decoderPtr = desktop.GetBackend().openRecording(path);
+        if (!decoderPtr) return -1;
+        const double seconds = static_cast<double>(decoderPtr->FrameCount()) / decoderPtr->SamplesPerSecond();
+        return static_cast<int>(std::lround(std::min(seconds, 1e6) * 1000.0));
     }
 
     DWORD Play(Sound& sound, const MediaCommand& command, HWND notifyWindow) {

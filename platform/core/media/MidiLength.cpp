@@ -1,10 +1,12 @@
-#include "platform/core/media/SoundDecoder.h"
+#include "platform/core/media/MidiLength.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <vector>
 
 namespace platform {

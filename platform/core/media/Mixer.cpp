@@ -1,5 +1,7 @@
 #include "platform/core/media/Mixer.h"
 
+#include "platform/core/Backend.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -11,10 +13,6 @@ constexpr int longestClip = 4000; // milliseconds; what is longer is streamed
 // Between two attempts to open the device: soon after a headset was pulled out, seldom on a machine without sound.
 constexpr double firstPause = 2.0; // seconds
 constexpr double longestPause = 60.0;
-
-std::unique_ptr<SoundDecoder> OpenDecoder(const MediaFile& file) {
-    return file.isMidi ? OpenMidi(file.path) : OpenRecording(file.path);
-}
 } // namespace
 
 class Mixer::Voice : public MediaVoice {
@@ -49,8 +47,10 @@ private:
     std::shared_ptr<Channel> channelPtr;
 };
 
-Mixer::Mixer(Clock silentClock, DeviceOpener deviceOpener, std::function<void()> orderListener)
-    : readClock(std::move(silentClock)), openDevice(std::move(deviceOpener)), onOrder(std::move(orderListener)) {}
+Mixer::Mixer(const Backend& backend, Clock silentClock, SoundDeviceOpener deviceOpener,
+             std::function<void()> orderListener)
+    : decoders(backend), readClock(std::move(silentClock)), openDevice(std::move(deviceOpener)),
+      onOrder(std::move(orderListener)) {}
 
 Mixer::~Mixer() { CloseDevice(); }
 
@@ -161,27 +161,30 @@ void Mixer::StartSource(Channel& channel, double from) {
     const int to = channel.followed.to;
     channel.isMute = true;
     if (from >= to) return;
-    auto sourcePtr = std::make_unique<SoundSource>();
+    std::unique_ptr<SoundSource> sourcePtr;
     const bool isClip = file.length <= longestClip && to == file.length;
     if (isClip) {
         if (!channel.clipPtr) channel.clipPtr = ClipOf(channel);
         if (!channel.clipPtr) return;
-        sourcePtr->SetClip(channel.clipPtr, from);
-    } else {
-        std::unique_ptr<SoundDecoder> decoderPtr = OpenDecoder(file);
-        if (!decoderPtr || !sourcePtr->SetStream(std::move(decoderPtr), from, to)) return;
+        sourcePtr = devicePtr->PlayClip(channel.clipPtr, from);
+    } else if (std::unique_ptr<SoundDecoder> decoderPtr = OpenDecoder(file)) {
+        sourcePtr = devicePtr->PlayStream(std::move(decoderPtr), from, to);
     }
-    if (!sourcePtr->IsSet()) return;
+    if (!sourcePtr) return;
     channel.isMute = false;
     channel.sourcePtr = std::move(sourcePtr);
 }
 
-std::shared_ptr<const SoundClip> Mixer::ClipOf(const Channel& channel) const {
+std::shared_ptr<const SoundClip> Mixer::ClipOf(const Channel& channel) {
     for (const auto& otherPtr : served) {
         if (otherPtr->clipPtr && otherPtr->filePtr == channel.filePtr) return otherPtr->clipPtr;
     }
     const std::unique_ptr<SoundDecoder> decoderPtr = OpenDecoder(*channel.filePtr);
-    return decoderPtr ? std::make_shared<const SoundClip>(*decoderPtr) : nullptr;
+    return decoderPtr ? devicePtr->MakeClip(*decoderPtr) : nullptr;
+}
+
+std::unique_ptr<SoundDecoder> Mixer::OpenDecoder(const MediaFile& file) const {
+    return file.isMidi ? decoders.openMidi(file.path) : decoders.openRecording(file.path);
 }
 
 } // namespace platform

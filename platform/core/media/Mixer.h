@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/core/media/MediaPlayer.h"
-#include "platform/openal/SoundDevice.h"
-#include "platform/openal/SoundSource.h"
+#include "platform/core/media/SoundDevice.h"
 
 #include <functional>
 #include <memory>
@@ -12,17 +11,19 @@
 
 namespace platform {
 
+struct Backend;
+
 /// Makes what its voices were ordered audible, on a device or, while there is none, on a clock. Voices take orders on
 /// one thread; another may do the rounds in which the orders are followed.
 class Mixer : public MediaPlayer {
 public:
-    using DeviceOpener = std::function<std::unique_ptr<SoundDevice>()>;
     using Clock = std::function<double()>; // seconds
 
-    /// `silentClock` keeps the time of what no device plays. `deviceOpener` may answer null; it is asked again, less
-    /// and less often, for as long as something plays. `orderListener` is told, on the ordering thread, that a round
-    /// has something new to do.
-    Mixer(Clock silentClock, DeviceOpener deviceOpener, std::function<void()> orderListener);
+    /// Sounds are decoded by `backend`. `silentClock` keeps the time of what no device plays. `deviceOpener` may answer
+    /// null; it is asked again, less and less often, for as long as something plays. `orderListener` is told, on the
+    /// ordering thread, that a round has something new to do.
+    Mixer(const Backend& backend, Clock silentClock, SoundDeviceOpener deviceOpener,
+          std::function<void()> orderListener);
     ~Mixer() override;
 
     // The ordering thread
@@ -66,10 +67,12 @@ private:
     void KeepDevice();
     void Serve(Channel& channel, double now);
     void StartSource(Channel& channel, double from);
-    std::shared_ptr<const SoundClip> ClipOf(const Channel& channel) const;
+    std::shared_ptr<const SoundClip> ClipOf(const Channel& channel);
+    std::unique_ptr<SoundDecoder> OpenDecoder(const MediaFile& file) const;
 
+    const Backend& decoders;
     const Clock readClock;
-    const DeviceOpener openDevice;
+    const SoundDeviceOpener openDevice;
     const std::function<void()> onOrder;
 
     std::mutex mutex;

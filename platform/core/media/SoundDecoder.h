@@ -1,9 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
-#include <string>
 
 namespace platform {
 
@@ -20,17 +19,5 @@ public:
     /// The next Read starts at `frame`; false if that is not possible.
     virtual bool Seek(std::int64_t frame) = 0;
 };
-
-/// Opens a recording: MP3, WAV and what else is common. Reads no more than the headers. Null if `path` (UTF-8) is
-/// missing or damaged.
-std::unique_ptr<SoundDecoder> OpenRecording(const std::string& path);
-
-/// Opens a MIDI file, played with the sound font of the system. Null if the file is missing or damaged or the system
-/// has no synthesiser or no sound font. Loads both at the first call, which can take a good part of a second.
-std::unique_ptr<SoundDecoder> OpenMidi(const std::string& path);
-
-/// The length of a MIDI file in milliseconds, tempo changes included; needs no synthesiser. Negative if the file is
-/// missing or damaged.
-int MidiLength(const std::string& path);
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/Imaging.h"
 
-#include <SDL2/SDL.h>
+#include "platform/Desktop.h"
+#include "platform/core/Backend.h"
 
 #include <condition_variable>
 #include <deque>
@@ -22,6 +23,7 @@ std::unique_ptr<IWICFormatConverter> MakeConverter(std::optional<Picture> pictur
 /// decode is tried again. So what a caller gets never depends on the thread.
 class ImagingFactory final : public IWICImagingFactory {
 public:
+    explicit ImagingFactory(const Backend& decodingBackend) : backend(decodingBackend) {}
     ~ImagingFactory() override {
         {
             const std::lock_guard lock(mutex);
@@ -42,11 +44,11 @@ public:
                 return MakeConverter(std::move(picture));
             }
         }
-        return MakeConverter(LoadPicture(path));
+        return MakeConverter(backend.loadPicture(path));
     }
 
     std::unique_ptr<IWICFormatConverter> CreateConverterFromMemory(std::span<const unsigned char> bytes) override {
-        return MakeConverter(DecodePicture(bytes));
+        return MakeConverter(backend.decodePicture(bytes));
     }
 
     void Prefetch(std::vector<std::string> paths) override {
@@ -57,10 +59,7 @@ public:
             isRunning = true;
         }
         if (thread.joinable()) thread.join(); // an earlier one that found nothing more to do
-        thread = std::thread([this] {
-            DecodeWaiting();
-            SDL_TLSCleanup(); // what the picture library keeps for this thread
-        });
+        thread = std::thread([this] { DecodeWaiting(); });
     }
 
 private:
@@ -70,7 +69,7 @@ private:
             decoding = std::move(waiting.front());
             waiting.pop_front();
             lock.unlock();
-            std::optional<Picture> picture = LoadPicture(*decoding);
+            std::optional<Picture> picture = backend.loadPicture(*decoding);
             lock.lock();
             if (picture) ready.insert_or_assign(std::move(*decoding), std::move(*picture));
             decoding.reset();
@@ -79,6 +78,7 @@ private:
         isRunning = false;
     }
 
+    const Backend& backend;
     std::mutex mutex;
     std::condition_variable finished;
     std::deque<std::string> waiting;
@@ -90,6 +90,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<IWICImagingFactory> CreateImagingFactory() { return std::make_unique<ImagingFactory>(); }
+std::unique_ptr<IWICImagingFactory> CreateImagingFactory() {
+    return std::make_unique<ImagingFactory>(Desktop::Current().GetBackend());
+}
 
 } // namespace platform

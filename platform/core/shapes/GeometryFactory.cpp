@@ -1,3 +1,7 @@
+#include "platform/Geometry.h"
+
+#include "platform/Desktop.h"
+#include "platform/core/Backend.h"
 #include "platform/core/shapes/PathGeometry.h"
 
 #include <cmath>
@@ -7,14 +11,10 @@ namespace platform {
 
 namespace {
 
-/// The shape of one closed figure, traced clockwise on screen; null when it is not finite.
-std::unique_ptr<ID2D1Geometry> MakeShape(Outline outline) {
-    if (!IsFinite(outline)) return nullptr;
-    return std::make_unique<PathGeometry>(std::move(outline));
-}
-
 class GeometryFactory final : public ID2D1Factory {
 public:
+    explicit GeometryFactory(PolygonCombiner& polygonCombiner) : combine(polygonCombiner) {}
+
     std::unique_ptr<ID2D1Geometry> CreateRectangleGeometry(D2D1_RECT_F rect) override {
         const Vector topRight{rect.right, rect.top};
         const Vector bottomRight{rect.right, rect.bottom};
@@ -30,17 +30,28 @@ public:
         return MakeShape({{start, true, true, {Arc{centre, radiusY, 2.0 * std::numbers::pi, start}}}});
     }
 
-    std::unique_ptr<ID2D1PathGeometry> CreatePathGeometry() override { return std::make_unique<PathGeometry>(); }
+    std::unique_ptr<ID2D1PathGeometry> CreatePathGeometry() override { return std::make_unique<PathGeometry>(combine); }
 
     std::unique_ptr<ID2D1Geometry> CreateTransformedGeometry(const ID2D1Geometry& source,
                                                              const D2D1_MATRIX_3X2_F& transform) override {
         const std::optional<Outline>& outline = OutlineOf(source);
         return outline ? MakeShape(Mapped(*outline, Affine(transform))) : nullptr;
     }
+
+private:
+    /// The shape of one closed figure, traced clockwise on screen; null when it is not finite.
+    std::unique_ptr<ID2D1Geometry> MakeShape(Outline outline) const {
+        if (!IsFinite(outline)) return nullptr;
+        return std::make_unique<PathGeometry>(combine, std::move(outline));
+    }
+
+    PolygonCombiner& combine;
 };
 
 } // namespace
 
-std::unique_ptr<ID2D1Factory> CreateGeometryFactory() { return std::make_unique<GeometryFactory>(); }
+std::unique_ptr<ID2D1Factory> CreateGeometryFactory() {
+    return std::make_unique<GeometryFactory>(Desktop::Current().GetBackend().combinePolygons);
+}
 
 } // namespace platform

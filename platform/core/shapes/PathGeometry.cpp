@@ -112,14 +112,14 @@ HRESULT PathGeometry::CompareWithGeometry(const ID2D1Geometry& other, float tole
                                           D2D1_GEOMETRY_RELATION* relationPtr) const {
     const std::optional<Outline>& otherOutline = OutlineOf(other);
     if (!outline || !otherOutline) return E_FAIL;
-    return Compare(*outline, *otherOutline, tolerance, *relationPtr);
+    return Compare(combine, *outline, *otherOutline, tolerance, *relationPtr);
 }
 
 HRESULT PathGeometry::CombineWithGeometry(const ID2D1Geometry& other, D2D1_COMBINE_MODE mode, float tolerance,
                                           ID2D1SimplifiedGeometrySink& target) const {
     const std::optional<Outline>& otherOutline = OutlineOf(other);
     if (!outline || !otherOutline) return E_FAIL;
-    return Combine(*outline, *otherOutline, mode, tolerance, target);
+    return Combine(combine, *outline, *otherOutline, mode, tolerance, target);
 }
 
 HRESULT PathGeometry::Simplify(D2D1_GEOMETRY_SIMPLIFICATION_OPTION option, float tolerance,

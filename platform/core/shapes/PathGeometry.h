@@ -3,6 +3,7 @@
 // The one kind of shape there is: rectangles, ellipses and transformed shapes are paths that were closed when made.
 
 #include "platform/core/shapes/Outline.h"
+#include "platform/core/shapes/Polygon.h"
 
 #include <memory>
 #include <optional>
@@ -46,9 +47,10 @@ private:
 
 class PathGeometry final : public ID2D1PathGeometry {
 public:
-    PathGeometry() = default;
+    explicit PathGeometry(PolygonCombiner& polygonCombiner) : combine(polygonCombiner) {}
     /// A path that is already closed.
-    explicit PathGeometry(Outline closedOutline) : outline(std::move(closedOutline)) {}
+    PathGeometry(PolygonCombiner& polygonCombiner, Outline closedOutline)
+        : combine(polygonCombiner), outline(std::move(closedOutline)) {}
 
     HRESULT Open(ID2D1GeometrySink** sinkPtrPtr) override;
     HRESULT GetBounds(D2D1_RECT_F* boundsPtr) const override;
@@ -64,6 +66,7 @@ public:
     const std::optional<Outline>& GetOutline() const { return outline; }
 
 private:
+    PolygonCombiner& combine;
     std::optional<Outline> outline;
     std::unique_ptr<PathSink> sinkPtr;
 };

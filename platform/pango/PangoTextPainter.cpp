@@ -1,4 +1,4 @@
-#include "platform/pango/TextPainter.h"
+#include "platform/pango/PangoTextPainter.h"
 
 #include "platform/pango/Fonts.h"
 #include "platform/pango/PangoLine.h"
@@ -17,7 +17,7 @@ constexpr std::size_t layoutsKept = 32;
 } // namespace
 
 /// The texts that were drawn last, laid out; the most recent one stands first.
-class TextPainter::Layouts {
+class PangoTextPainter::Layouts {
 public:
     PangoLayout* Find(std::wstring_view text, const FontChoice& font, float width) {
         const auto found = std::find_if(kept.begin(), kept.end(), [&](const Kept& entry) {
@@ -51,26 +51,41 @@ private:
     std::vector<Kept> kept;
 };
 
-TextPainter::TextPainter() = default;
-TextPainter::~TextPainter() = default;
+std::unique_ptr<TextPainter> PangoTextPainter::Make(const FrameMemory& frame) {
+    auto painterPtr = std::make_unique<PangoTextPainter>(frame);
+    return painterPtr->surface.IsReady() ? std::move(painterPtr) : nullptr;
+}
 
-void TextPainter::Draw(_cairo* contextPtr, std::wstring_view text, const IDWriteTextFormat& format, D2D1_RECT_F box) {
+PangoTextPainter::PangoTextPainter(const FrameMemory& frame) : surface(frame) {}
+PangoTextPainter::~PangoTextPainter() = default;
+
+void PangoTextPainter::DrawBox(std::wstring_view text, const FontChoice& font, D2D1_RECT_F box, const Paint& paint,
+                               const D2D1_MATRIX_3X2_F& transform) {
     const float width = std::min(box.right - box.left, longestSide);
     const float height = std::min(box.bottom - box.top, longestSide);
     if (text.empty() || !(width > 0.0F) || !(height > 0.0F)) return;
     if (!layoutsPtr) layoutsPtr = std::make_unique<Layouts>();
-    PangoLayout* layoutPtr = layoutsPtr->Find(text, static_cast<const TextFormat&>(format).font, width);
-    cairo_rectangle(contextPtr, box.left, box.top, width, height);
-    cairo_clip(contextPtr);
-    cairo_move_to(contextPtr, box.left, box.top);
-    pango_cairo_show_layout(contextPtr, layoutPtr);
+    PangoLayout* const layoutPtr = layoutsPtr->Find(text, font, width);
+    const ContextPtr contextPtr = BeginClipped({box.left, box.top}, {width, height}, paint, transform);
+    cairo_move_to(contextPtr.get(), box.left, box.top);
+    pango_cairo_show_layout(contextPtr.get(), layoutPtr);
 }
 
-void TextPainter::Draw(_cairo* contextPtr, const TextLine& line, D2D1_POINT_2F origin, D2D1_RECT_F clip) {
-    cairo_rectangle(contextPtr, clip.left, clip.top, clip.right - clip.left, clip.bottom - clip.top);
-    cairo_clip(contextPtr);
-    cairo_move_to(contextPtr, origin.x, origin.y);
-    pango_cairo_show_layout(contextPtr, static_cast<const PangoLine&>(line).Layout());
+void PangoTextPainter::DrawLine(const TextLine& line, D2D1_POINT_2F origin, D2D1_RECT_F clip, const Paint& paint,
+                                const D2D1_MATRIX_3X2_F& transform) {
+    const D2D1_SIZE_F size = {clip.right - clip.left, clip.bottom - clip.top};
+    const ContextPtr contextPtr = BeginClipped({clip.left, clip.top}, size, paint, transform);
+    cairo_move_to(contextPtr.get(), origin.x, origin.y);
+    pango_cairo_show_layout(contextPtr.get(), static_cast<const PangoLine&>(line).Layout());
+}
+
+ContextPtr PangoTextPainter::BeginClipped(D2D1_POINT_2F corner, D2D1_SIZE_F size, const Paint& paint,
+                                          const D2D1_MATRIX_3X2_F& transform) const {
+    ContextPtr contextPtr = surface.Begin(paint);
+    CairoSurface::SetTransform(contextPtr.get(), transform);
+    cairo_rectangle(contextPtr.get(), corner.x, corner.y, size.width, size.height);
+    cairo_clip(contextPtr.get());
+    return contextPtr;
 }
 
 } // namespace platform

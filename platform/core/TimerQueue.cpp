@@ -1,52 +1,42 @@
 #include "platform/core/TimerQueue.h"
 
-#include <algorithm>
+#include "platform/core/TimerSchedule.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 #include <utility>
-#include <vector>
 
 namespace platform {
 
 namespace {
 using Clock = std::chrono::steady_clock;
-
-constexpr auto longestDelay = std::chrono::seconds(1); // calls missed for longer than this are not made up for
-
-struct Entry {
-    std::function<void()> callback;
-    Clock::duration period{};
-    Clock::time_point due; // the next call; the one after comes exactly a period later, however late this one is
-};
+using Entry = TimerSchedule::Entry;
 } // namespace
 
 /// What the queue, its timers and its thread share.
-class TimerQueue::Schedule {
+class TimerQueue::Worker {
 public:
-    void Add(const std::shared_ptr<Entry>& entryPtr, int period) {
+    void Start(const std::shared_ptr<Entry>& entryPtr, int period) {
         const std::lock_guard lock(mutex);
         if (ended) return;
-        entryPtr->period = std::chrono::milliseconds(std::max(1, period));
-        entryPtr->due = Clock::now() + entryPtr->period;
-        std::erase(entries, entryPtr);
-        entries.push_back(entryPtr);
+        schedule.Start(entryPtr, period, Clock::now().time_since_epoch());
         if (!thread.joinable()) thread = std::thread([this] { Run(); });
         changed.notify_all();
     }
 
-    void Remove(const std::shared_ptr<Entry>& entryPtr) {
+    void Stop(const std::shared_ptr<Entry>& entryPtr) {
         const std::lock_guard lock(mutex);
-        std::erase(entries, entryPtr);
+        schedule.Stop(entryPtr);
     }
 
-    /// Removes the entry, and returns when no call of it is running on another thread.
-    void RemoveAndWait(const std::shared_ptr<Entry>& entryPtr) {
+    /// Stops the timer, and returns when no call of it is running on another thread.
+    void StopAndWait(const std::shared_ptr<Entry>& entryPtr) {
         std::unique_lock lock(mutex);
-        std::erase(entries, entryPtr);
+        schedule.Stop(entryPtr);
         if (std::this_thread::get_id() == thread.get_id()) return;
-        changed.wait(lock, [this, &entryPtr] { return calledPtr != entryPtr.get(); });
+        changed.wait(lock, [this, &entryPtr] { return calledPtr != entryPtr; });
     }
 
     void End() {
@@ -62,25 +52,20 @@ private:
     void Run() {
         std::unique_lock lock(mutex);
         while (!ended) {
-            const auto next = std::min_element(entries.begin(), entries.end(),
-                                               [](const auto& a, const auto& b) { return a->due < b->due; });
-            if (next == entries.end()) {
-                changed.wait(lock);
-            } else if (const Clock::time_point due = (*next)->due; Clock::now() < due) {
-                changed.wait_until(lock, due);
+            calledPtr = schedule.TakeCall(Clock::now().time_since_epoch());
+            if (calledPtr) {
+                Call(lock);
+            } else if (const auto next = schedule.NextCall()) {
+                changed.wait_until(lock, Clock::time_point(*next));
             } else {
-                Call(*next, lock);
+                changed.wait(lock);
             }
         }
     }
 
-    /// By value: the call may remove, or destroy, its own timer.
-    void Call(std::shared_ptr<Entry> entryPtr, std::unique_lock<std::mutex>& lock) {
-        entryPtr->due += entryPtr->period;
-        if (const auto now = Clock::now(); now - entryPtr->due > longestDelay) entryPtr->due = now + entryPtr->period;
-        calledPtr = entryPtr.get();
+    void Call(std::unique_lock<std::mutex>& lock) {
         lock.unlock();
-        entryPtr->callback();
+        calledPtr->callback(); // may stop, or destroy, its own timer
         lock.lock();
         calledPtr = nullptr;
         changed.notify_all();
@@ -88,34 +73,34 @@ private:
 
     std::mutex mutex; // guards everything but the callbacks while they run
     std::condition_variable changed;
-    std::vector<std::shared_ptr<Entry>> entries;
-    const Entry* calledPtr = nullptr;
+    TimerSchedule schedule;
+    std::shared_ptr<Entry> calledPtr; // whose call is running
     bool ended = false;
     std::thread thread;
 };
 
 class TimerQueue::QueuedTimer : public PeriodicTimer {
 public:
-    QueuedTimer(std::shared_ptr<Schedule> sharedPtr, std::function<void()> callback)
-        : schedulePtr(std::move(sharedPtr)), entryPtr(std::make_shared<Entry>()) {
+    QueuedTimer(std::shared_ptr<Worker> sharedPtr, std::function<void()> callback)
+        : workerPtr(std::move(sharedPtr)), entryPtr(std::make_shared<Entry>()) {
         entryPtr->callback = std::move(callback);
     }
-    ~QueuedTimer() override { schedulePtr->RemoveAndWait(entryPtr); }
+    ~QueuedTimer() override { workerPtr->StopAndWait(entryPtr); }
 
-    void Start(int period) override { schedulePtr->Add(entryPtr, period); }
-    void Stop() override { schedulePtr->Remove(entryPtr); }
+    void Start(int period) override { workerPtr->Start(entryPtr, period); }
+    void Stop() override { workerPtr->Stop(entryPtr); }
 
 private:
-    std::shared_ptr<Schedule> schedulePtr;
+    std::shared_ptr<Worker> workerPtr;
     std::shared_ptr<Entry> entryPtr;
 };
 
-TimerQueue::TimerQueue() : schedulePtr(std::make_shared<Schedule>()) {}
+TimerQueue::TimerQueue() : workerPtr(std::make_shared<Worker>()) {}
 
-TimerQueue::~TimerQueue() { schedulePtr->End(); }
+TimerQueue::~TimerQueue() { workerPtr->End(); }
 
 std::unique_ptr<PeriodicTimer> TimerQueue::MakeTimer(std::function<void()> callback) {
-    return std::make_unique<QueuedTimer>(schedulePtr, std::move(callback));
+    return std::make_unique<QueuedTimer>(workerPtr, std::move(callback));
 }
 
 } // namespace platform

@@ -20,10 +20,10 @@ public:
     std::unique_ptr<PeriodicTimer> MakeTimer(std::function<void()> callback);
 
 private:
-    class Schedule;
+    class Worker;
     class QueuedTimer;
 
-    std::shared_ptr<Schedule> schedulePtr;
+    std::shared_ptr<Worker> workerPtr;
 };
 
 } // namespace platform

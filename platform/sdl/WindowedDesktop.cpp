@@ -360,7 +360,7 @@ void WindowedDesktop::HandleWindow(const SDL_WindowEvent& event) {
 void WindowedDesktop::HandleKey(const SDL_KeyboardEvent& event) {
     const SDL_Keysym& key = event.keysym;
     if (event.state == SDL_RELEASED) {
-        const int virtualKey = keyboard.Release(key.scancode);
+        const int virtualKey = MessageKey(keyboard.Release(key.scancode));
         if (virtualKey == 0) return;
         PostMessage(MainWindow(), WM_KEYUP, static_cast<WPARAM>(virtualKey), 0);
         if ((virtualKey == VK_MENU || virtualKey == VK_F10) && menuKeyAlone) {
@@ -368,7 +368,8 @@ void WindowedDesktop::HandleKey(const SDL_KeyboardEvent& event) {
         }
         return;
     }
-    const int virtualKey = VirtualKeyOf(key.sym, key.scancode);
+    const int pressedKey = VirtualKeyOf(key.sym, key.scancode);
+    const int virtualKey = MessageKey(pressedKey);
     menuKeyAlone = virtualKey == VK_MENU || virtualKey == VK_F10;
     if (virtualKey == VK_RETURN && (key.mod & KMOD_ALT) != 0) {
         // For the player only: the program neither sees these keys nor that its picture has another size now.
@@ -376,7 +377,7 @@ void WindowedDesktop::HandleKey(const SDL_KeyboardEvent& event) {
         return;
     }
     if (virtualKey == 0) return;
-    keyboard.Press(key.scancode, virtualKey);
+    keyboard.Press(key.scancode, pressedKey);
     // With Alt as well it is no shortcut: some layouts type characters that way.
     const bool isControl = (key.mod & KMOD_CTRL) != 0 && (key.mod & KMOD_ALT) == 0;
     const WPARAM modifiers = ((key.mod & KMOD_SHIFT) != 0 ? MK_SHIFT : 0) | (isControl ? MK_CONTROL : 0);

@@ -204,15 +204,17 @@ TEST_F(WindowedDesktopTest, IsActiveAtOnceAndShowsFramesPixelForPixel) {
 TEST_F(WindowedDesktopTest, KeysAreHeldTypedAndReleased) {
     if (!Open(1280, 1024)) GTEST_SKIP() << "no virtual screen";
     const Desktop& desktop = Desktop::Current();
-    User("keydown Right keydown w keydown KP_4 keydown Shift_R");
+    User("keydown Right keydown w keydown KP_4 keydown Shift_R keydown F5 keydown comma");
     EXPECT_TRUE(RunUntil([&] {
         return desktop.IsKeyDown(VK_RIGHT) && desktop.IsKeyDown('W') && desktop.IsKeyDown(VK_NUMPAD0 + 4) &&
-               desktop.IsKeyDown(VK_SHIFT);
+               desktop.IsKeyDown(VK_SHIFT) && desktop.IsKeyDown(VK_RSHIFT) && desktop.IsKeyDown(VK_F1 + 4) &&
+               desktop.IsKeyDown(VK_OEM_COMMA);
     }));
     EXPECT_FALSE(desktop.IsKeyDown(VK_LEFT)) << "the pad's arrows are digits";
-    User("keyup Shift_R keyup w");
-    EXPECT_TRUE(RunUntil([&] { return !desktop.IsKeyDown('W') && !desktop.IsKeyDown(VK_SHIFT); }));
+    User("keyup Shift_R keyup w keyup F5 keyup comma");
+    EXPECT_TRUE(RunUntil([&] { return !desktop.IsKeyDown('W') && Got(WM_KEYUP, VK_SHIFT); }));
     EXPECT_TRUE(Got(WM_KEYDOWN, VK_RIGHT));
+    EXPECT_TRUE(Got(WM_KEYUP, VK_SHIFT) && !Got(WM_KEYUP, VK_RSHIFT)) << "messages know no sides";
     EXPECT_TRUE(Got(WM_CHAR, 'w'));
 
     // The window goes away with keys held.

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 using platform::Desktop;
 
@@ -136,17 +135,25 @@ void GameEngine::ShowMousePointer(bool show) {
 
 bool GameEngine::GoFullscreen() {
     if (fullscreen || !Desktop::Current().SetFullscreen(true)) return false;
+    savedWindowPosition = GetWindowPosition();
+    SetCaption(false);
+    SetWindowPosition(0, 0);
     fullscreen = true;
-    Repaint();
     return true;
 }
 
 bool GameEngine::GoWindowedMode() {
     if (!fullscreen) return false;
     Desktop::Current().SetFullscreen(false);
+    SetCaption(true);
+    SetWindowPosition(savedWindowPosition.x, savedWindowPosition.y);
     fullscreen = false;
-    Repaint();
     return true;
+}
+
+void GameEngine::SetCaption(bool hasCaption) {
+    if (hWindow == nullptr) return;
+    hWindow->style = hasCaption ? hWindow->style | WS_CAPTION : hWindow->style & ~WS_CAPTION;
 }
 
 void GameEngine::TabNext(HWND childWindow) { MoveFocus(childWindow, +1); }
@@ -174,7 +181,7 @@ LRESULT GameEngine::HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_CREATE: SetWindow(window); return 0;
     case WM_DESTROY: desktop.PostQuitMessage(0); return 0;
     case WM_SIZE:
-        if (wParam == SIZE_MAXIMIZED) window->style &= ~WS_CAPTION;
+        if (wParam == SIZE_MAXIMIZED) SetCaption(false);
         return 0;
     case WM_ACTIVATE:
         SetSleep(wParam == WA_INACTIVE);
@@ -201,7 +208,9 @@ LRESULT GameEngine::HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_RBUTTONUP: return ForwardMouseButton(false, false, wParam, lParam);
     default: break;
     }
-    return desktop.DefaultWindowProcedure(window, message, wParam, lParam);
+    const LRESULT result = desktop.DefaultWindowProcedure(window, message, wParam, lParam);
+    if (desktop.MainWindow() == nullptr) SetWindow(nullptr); // the player has closed it
+    return result;
 }
 
 LRESULT GameEngine::ForwardMouseButton(bool isLeft, bool isDown, WPARAM wParam, LPARAM lParam) {
@@ -282,23 +291,18 @@ void GameEngine::OpenConsole() {
     consolePtr = std::make_unique<platform::Console>(consoleTitle.C_str());
 }
 
-void GameEngine::PrintToConsole(std::wstring_view text) {
-    if (consolePtr) consolePtr->PrintLine(text);
+void GameEngine::ConsolePrintString(String text) {
+    if (consolePtr) consolePtr->PrintLine(text.C_str());
 }
 
-void GameEngine::ConsolePrintString(String text) { PrintToConsole(text.C_str()); }
-
-void GameEngine::ConsolePrintString(std::string text) { PrintToConsole(std::wstring(text.begin(), text.end())); }
+void GameEngine::ConsolePrintString(std::string text) { ConsolePrintString(Widened(text)); }
 
 void GameEngine::ConsolePrintString(String text, int x, int y) {
     ConsoleSetCursorPosition(x, y);
     ConsolePrintString(text);
 }
 
-void GameEngine::ConsolePrintString(std::string text, int x, int y) {
-    ConsoleSetCursorPosition(x, y);
-    ConsolePrintString(std::move(text));
-}
+void GameEngine::ConsolePrintString(std::string text, int x, int y) { ConsolePrintString(Widened(text), x, y); }
 
 void GameEngine::ConsoleSetCursorPosition(int column, int row) {
     if (consolePtr) consolePtr->SetCursorPosition(column, row);
@@ -314,6 +318,12 @@ void GameEngine::ConsoleSetBackColor(bool red, bool green, bool blue, bool inten
 
 void GameEngine::ConsoleClear() {
     if (consolePtr) consolePtr->Clear();
+}
+
+String GameEngine::Widened(const std::string& text) {
+    String wide(L"");
+    for (const char byte : text) wide += byte;
+    return wide;
 }
 
 void GameEngine::Fail(wchar_t const* text) {

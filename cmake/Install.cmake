@@ -3,9 +3,14 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Quillfen)
-set_target_properties(quillfen_platform PROPERTIES EXPORT_NAME platform)
-set_target_properties(quillfen_engine PROPERTIES EXPORT_NAME engine)
-install(TARGETS quillfen_platform quillfen_engine EXPORT QuillfenTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+# An author links Quillfen::engine, which brings the desktops along.
+target_link_libraries(quillfen_engine INTERFACE $<INSTALL_INTERFACE:Quillfen::desktops>)
+set(libraries engine core scripted desktops sdl native cairo pango clipper image openal sndfile fluidsynth)
+foreach(library ${libraries})
+    set_target_properties(quillfen_${library} PROPERTIES EXPORT_NAME ${library})
+endforeach()
+list(TRANSFORM libraries PREPEND quillfen_ OUTPUT_VARIABLE targets)
+install(TARGETS ${targets} EXPORT QuillfenTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillfen)
 install(EXPORT QuillfenTargets NAMESPACE Quillfen:: DESTINATION ${package_dir})
 

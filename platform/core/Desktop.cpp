@@ -169,6 +169,12 @@ void Desktop::DropInput(HWND window) {
     if (focusPtr == window) SetFocus(nullptr);
 }
 
+int Desktop::RunLoop(std::function<std::optional<int>()> pass) {
+    for (;;) {
+        if (const std::optional<int> exitCode = pass()) return *exitCode;
+    }
+}
+
 void Desktop::PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     {
         const std::lock_guard lock(queueMutex);
@@ -227,7 +233,10 @@ LRESULT Desktop::DefaultWindowProcedure(HWND window, UINT message, WPARAM wParam
 }
 
 std::unique_ptr<PeriodicTimer> Desktop::MakeTimer(std::function<void()> callback) {
-    if (!timerQueuePtr) timerQueuePtr = std::make_unique<TimerQueue>();
+    if (!timerQueuePtr) {
+        timerQueuePtr =
+            std::make_unique<TimerQueue>([this](Worker::Work work) { return StartWorker(std::move(work)); });
+    }
     return timerQueuePtr->MakeTimer(std::move(callback));
 }
 

@@ -5,25 +5,32 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <utility>
 
 namespace platform {
 
 namespace {
-using Clock = std::chrono::steady_clock;
 using Entry = TimerSchedule::Entry;
 } // namespace
 
-/// What the queue, its timers and its thread share.
-class TimerQueue::Worker {
+/// What the queue, its timers and its worker share.
+class TimerQueue::Calls {
 public:
+    explicit Calls(WorkerStarter workerStarter) : startWorker(std::move(workerStarter)) {}
+
     void Start(const std::shared_ptr<Entry>& entryPtr, int period) {
         const std::lock_guard lock(mutex);
         if (ended) return;
-        schedule.Start(entryPtr, period, Clock::now().time_since_epoch());
-        if (!thread.joinable()) thread = std::thread([this] { Run(); });
-        changed.notify_all();
+        schedule.Start(entryPtr, period, Now());
+        if (workerPtr) {
+            workerPtr->Wake();
+        } else {
+            workerPtr = startWorker([this](Worker& worker) {
+                do { CallDue(); } while (worker.Rest(TimeToNextCall()));
+            });
+        }
     }
 
     void Stop(const std::shared_ptr<Entry>& entryPtr) {
@@ -35,7 +42,7 @@ public:
     void StopAndWait(const std::shared_ptr<Entry>& entryPtr) {
         std::unique_lock lock(mutex);
         schedule.Stop(entryPtr);
-        if (std::this_thread::get_id() == thread.get_id()) return;
+        if (std::this_thread::get_id() == callingThread) return;
         changed.wait(lock, [this, &entryPtr] { return calledPtr != entryPtr; });
     }
 
@@ -43,24 +50,23 @@ public:
         {
             const std::lock_guard lock(mutex);
             ended = true;
-            changed.notify_all();
         }
-        if (thread.joinable()) thread.join();
+        workerPtr.reset();
     }
 
 private:
-    void Run() {
+    static TimerSchedule::Time Now() { return std::chrono::steady_clock::now().time_since_epoch(); }
+
+    void CallDue() {
         std::unique_lock lock(mutex);
-        while (!ended) {
-            calledPtr = schedule.TakeCall(Clock::now().time_since_epoch());
-            if (calledPtr) {
-                Call(lock);
-            } else if (const auto next = schedule.NextCall()) {
-                changed.wait_until(lock, Clock::time_point(*next));
-            } else {
-                changed.wait(lock);
-            }
-        }
+        callingThread = std::this_thread::get_id();
+        while (!ended && (calledPtr = schedule.TakeCall(Now()))) Call(lock);
+    }
+
+    std::optional<TimerSchedule::Time> TimeToNextCall() {
+        const std::lock_guard lock(mutex);
+        const auto next = schedule.NextCall();
+        return next ? std::optional(*next - Now()) : std::nullopt;
     }
 
     void Call(std::unique_lock<std::mutex>& lock) {
@@ -75,32 +81,34 @@ private:
     std::condition_variable changed;
     TimerSchedule schedule;
     std::shared_ptr<Entry> calledPtr; // whose call is running
+    std::thread::id callingThread;
     bool ended = false;
-    std::thread thread;
+    const WorkerStarter startWorker;
+    std::unique_ptr<Worker> workerPtr; // last: it uses everything above
 };
 
 class TimerQueue::QueuedTimer : public PeriodicTimer {
 public:
-    QueuedTimer(std::shared_ptr<Worker> sharedPtr, std::function<void()> callback)
-        : workerPtr(std::move(sharedPtr)), entryPtr(std::make_shared<Entry>()) {
+    QueuedTimer(std::shared_ptr<Calls> sharedPtr, std::function<void()> callback)
+        : callsPtr(std::move(sharedPtr)), entryPtr(std::make_shared<Entry>()) {
         entryPtr->callback = std::move(callback);
     }
-    ~QueuedTimer() override { workerPtr->StopAndWait(entryPtr); }
+    ~QueuedTimer() override { callsPtr->StopAndWait(entryPtr); }
 
-    void Start(int period) override { workerPtr->Start(entryPtr, period); }
-    void Stop() override { workerPtr->Stop(entryPtr); }
+    void Start(int period) override { callsPtr->Start(entryPtr, period); }
+    void Stop() override { callsPtr->Stop(entryPtr); }
 
 private:
-    std::shared_ptr<Worker> workerPtr;
+    std::shared_ptr<Calls> callsPtr;
     std::shared_ptr<Entry> entryPtr;
 };
 
-TimerQueue::TimerQueue() : workerPtr(std::make_shared<Worker>()) {}
+TimerQueue::TimerQueue(WorkerStarter startWorker) : callsPtr(std::make_shared<Calls>(std::move(startWorker))) {}
 
-TimerQueue::~TimerQueue() { workerPtr->End(); }
+TimerQueue::~TimerQueue() { callsPtr->End(); }
 
 std::unique_ptr<PeriodicTimer> TimerQueue::MakeTimer(std::function<void()> callback) {
-    return std::make_unique<QueuedTimer>(workerPtr, std::move(callback));
+    return std::make_unique<QueuedTimer>(callsPtr, std::move(callback));
 }
 
 } // namespace platform

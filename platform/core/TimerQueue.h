@@ -1,17 +1,18 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/core/ThreadWorker.h"
 
 #include <functional>
 #include <memory>
 
 namespace platform {
 
-/// Timers on a thread of their own, which is started with the first timer.
+/// Timers in real time, called by one worker for all, which begins with the first of them.
 class TimerQueue {
 public:
-    TimerQueue();
-    /// Ends the thread after the call it may be in; timers that are left never call again.
+    explicit TimerQueue(WorkerStarter startWorker = ThreadWorker::Start);
+    /// Ends the work after the call that it may be in; timers that are left never call again.
     ~TimerQueue();
     TimerQueue(const TimerQueue&) = delete;
     TimerQueue& operator=(const TimerQueue&) = delete;
@@ -20,10 +21,10 @@ public:
     std::unique_ptr<PeriodicTimer> MakeTimer(std::function<void()> callback);
 
 private:
-    class Worker;
+    class Calls;
     class QueuedTimer;
 
-    std::shared_ptr<Worker> workerPtr;
+    std::shared_ptr<Calls> callsPtr;
 };
 
 } // namespace platform

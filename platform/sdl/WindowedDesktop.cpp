@@ -5,7 +5,7 @@
 #include "platform/Unicode.h"
 #include "platform/core/Backend.h"
 #include "platform/core/Debugger.h"
-#include "platform/core/ThreadSleeper.h"
+#include "platform/core/ThreadWorker.h"
 #include "platform/core/screen/Keyboard.h"
 #include "platform/core/screen/Pacer.h"
 #include "platform/sdl/EventBell.h"
@@ -58,7 +58,7 @@ public:
 
     POINT ScreenSize() const override;
     bool IsKeyDown(int virtualKey) const override { return keyboard.IsDown(virtualKey); }
-    std::unique_ptr<Sleeper> MakeSleeper() override { return std::make_unique<ThreadSleeper>(); }
+    std::unique_ptr<Worker> StartWorker(Worker::Work work) override { return ThreadWorker::Start(std::move(work)); }
     std::int64_t Counter() const override { return Clock::now().time_since_epoch().count(); }
     double SecondsPerCount() const override {
         return static_cast<double>(Clock::period::num) / static_cast<double>(Clock::period::den);

@@ -1,7 +1,7 @@
 #include "engine/Timer.h"
 
 #include "engine/Callable.h"
-#include "platform/ScriptedDesktop.h"
+#include "tests/support/ThreadedDesktop.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -113,7 +113,7 @@ TEST_F(ScriptedTimer, AListenerMayStopRestartAndDeleteItsTimer) {
 
 /// The real timer thread against the main one; the thread sanitizer looks on.
 TEST(ThreadedTimer, MayBeUsedAndDeletedWhileItCalls) {
-    struct RealTime : ScriptedDesktop {
+    struct RealTime : ThreadedDesktop {
         std::unique_ptr<platform::PeriodicTimer> MakeTimer(std::function<void()> callback) override {
             return Desktop::MakeTimer(std::move(callback));
         }

@@ -1,6 +1,7 @@
 #include "platform/LoopbackMedia.h"
 #include "platform/ScriptedDesktop.h"
 #include "tests/support/TestSounds.h"
+#include "tests/support/ThreadedDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -234,7 +235,7 @@ TEST(MediaDevice, PlaysBesideTheMainThread) {
     const TestFolder folder;
     folder.Write("short.wav", ToneWav(440, 0.05, 60));
     folder.Write("long.wav", ToneWav(440, 0.05, 5000));
-    platform::ScriptedDesktop desktop;
+    ThreadedDesktop desktop;
     const std::unique_ptr<platform::MediaInterface> mediaPtr = platform::MakeDeviceMedia(desktop);
     NoticeCounter notices(desktop);
     const auto send = [&](std::wstring_view command) {

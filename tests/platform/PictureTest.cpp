@@ -1,7 +1,7 @@
 #include "platform/Picture.h"
 #include "platform/Imaging.h"
-#include "platform/WindowedDesktop.h"
 #include "tests/support/ImageCompare.h"
+#include "tests/support/ThreadedDesktop.h"
 
 #include <filesystem>
 #include <fstream>
@@ -84,7 +84,7 @@ TEST(PictureFile, IsRefusedWhenMissingOrDamaged) {
 class PicturePrefetch : public testing::Test {
 protected:
     PicturePrefetch() {
-        platform::Desktop::Use(platform::MakeWindowedDesktop()); // one with threads
+        platform::Desktop::Use(std::make_unique<ThreadedDesktop>());
         for (int index = 0; index < 6; ++index) {
             paths.push_back(TemporaryPath("prefetch-" + std::to_string(index) + ".png"));
             EXPECT_TRUE(platform::SavePng(paths.back(), Numbered(index)));

@@ -3,11 +3,12 @@
 #include "platform/Desktop.h"
 #include "platform/core/Backend.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <map>
 #include <mutex>
-#include <thread>
+#include <utility>
 
 namespace platform {
 
@@ -18,18 +19,15 @@ std::unique_ptr<IWICFormatConverter> MakeConverter(std::optional<Picture> pictur
     return std::make_unique<IWICFormatConverter>(std::make_shared<const Picture>(std::move(*picture)));
 }
 
-/// Files named to Prefetch are decoded by one thread, in that order. Whoever asks for one takes the finished picture,
-/// waits for the one being decoded, or decodes it himself if its turn has not come; a picture that the thread could not
-/// decode is tried again. So what a caller gets never depends on the thread.
+/// Files named to Prefetch are decoded by one worker, in that order. Whoever asks for one takes the finished picture,
+/// waits for the one being decoded, or decodes it himself if its turn has not come; a picture that the worker could not
+/// decode is tried again. So what a caller gets never depends on the worker.
 class ImagingFactory final : public IWICImagingFactory {
 public:
-    explicit ImagingFactory(const Backend& decodingBackend) : backend(decodingBackend) {}
+    explicit ImagingFactory(Desktop& usedDesktop) : desktop(usedDesktop), backend(usedDesktop.GetBackend()) {}
     ~ImagingFactory() override {
-        {
-            const std::lock_guard lock(mutex);
-            waiting.clear();
-        }
-        if (thread.joinable()) thread.join();
+        const std::lock_guard lock(mutex);
+        waiting.clear();
     }
 
     std::unique_ptr<IWICFormatConverter> CreateConverterFromFile(const std::string& path) override {
@@ -55,43 +53,46 @@ public:
         {
             const std::lock_guard lock(mutex);
             for (std::string& path : paths) waiting.push_back(std::move(path));
-            if (isRunning || waiting.empty()) return;
-            isRunning = true;
         }
-        if (thread.joinable()) thread.join(); // an earlier one that found nothing more to do
-        thread = std::thread([this] { DecodeWaiting(); });
+        if (workerPtr) {
+            workerPtr->Wake();
+        } else {
+            workerPtr = desktop.StartWorker([this](Worker& worker) {
+                while (worker.Rest(DecodeNext() ? std::optional(std::chrono::nanoseconds(0)) : std::nullopt)) {}
+            });
+        }
     }
 
 private:
-    void DecodeWaiting() {
+    /// False when nothing was waiting.
+    bool DecodeNext() {
         std::unique_lock lock(mutex);
-        while (!waiting.empty()) {
-            decoding = std::move(waiting.front());
-            waiting.pop_front();
-            lock.unlock();
-            std::optional<Picture> picture = backend.loadPicture(*decoding);
-            lock.lock();
-            if (picture) ready.insert_or_assign(std::move(*decoding), std::move(*picture));
-            decoding.reset();
-            finished.notify_all();
-        }
-        isRunning = false;
+        if (waiting.empty()) return false;
+        decoding = std::move(waiting.front());
+        waiting.pop_front();
+        lock.unlock();
+        std::optional<Picture> picture = backend.loadPicture(*decoding);
+        lock.lock();
+        if (picture) ready.insert_or_assign(std::move(*decoding), std::move(*picture));
+        decoding.reset();
+        finished.notify_all();
+        return true;
     }
 
+    Desktop& desktop;
     const Backend& backend;
     std::mutex mutex;
     std::condition_variable finished;
     std::deque<std::string> waiting;
-    std::optional<std::string> decoding; // written under the lock, and only by the thread
+    std::optional<std::string> decoding; // written under the lock, and only by the worker
     std::map<std::string, Picture> ready;
-    bool isRunning = false;
-    std::thread thread;
+    std::unique_ptr<Worker> workerPtr; // last: it uses everything above
 };
 
 } // namespace
 
 std::unique_ptr<IWICImagingFactory> CreateImagingFactory() {
-    return std::make_unique<ImagingFactory>(Desktop::Current().GetBackend());
+    return std::make_unique<ImagingFactory>(Desktop::Current());
 }
 
 } // namespace platform

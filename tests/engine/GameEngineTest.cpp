@@ -1,5 +1,5 @@
 #include "engine/GameEngine.h"
-#include "tests/support/ThreadedDesktop.h"
+#include "tests/support/Stage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -147,7 +147,8 @@ TEST_F(EngineLoop, ReportsEachReleaseOnceBeforeTheFrameThatFollowsIt) {
 }
 
 TEST_F(EngineLoop, HearsKeysThatAThreadPolls) {
-    auto desktopPtr = std::make_unique<ThreadedDesktop>();
+    auto desktopPtr = std::make_unique<Stage::Desktop>();
+    desktopPtr->hasThreads = true;
     desktop = desktopPtr.get();
     Desktop::Use(std::move(desktopPtr));
     log.onTick = [this](int tick) {

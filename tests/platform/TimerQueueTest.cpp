@@ -2,22 +2,20 @@
 
 #include "platform/core/TimerSchedule.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <atomic>
 #include <string>
 #include <thread>
 
 using namespace std::chrono_literals;
-using platform::PeriodicTimer;
-using platform::TimerQueue;
 using platform::TimerSchedule;
-using testing::ElementsAre;
 
 namespace {
-/// Two timers on a clock that the test moves; each call is noted as the timer's name.
-struct Schedule {
-    std::shared_ptr<TimerSchedule::Entry> Timer(const std::string& name) {
+/// Timers on a clock that the test moves; each call is noted as its timer's name.
+class TimerScheduleTest : public testing::Test {
+protected:
+    auto Timer(const std::string& name) {
         return std::make_shared<TimerSchedule::Entry>(TimerSchedule::Entry{[this, name] { calls += name; }});
     }
     /// The calls that are due at `now`.
@@ -38,70 +36,63 @@ void Await(const std::atomic<bool>& isDone) {
 }
 } // namespace
 
-TEST(TimerSchedule, CallsInTheOrderOfDueTimesAndNeverEarly) {
-    Schedule timers;
-    const auto slow = timers.Timer("a");
-    const auto quick = timers.Timer("b");
-    EXPECT_EQ(timers.schedule.NextCall(), std::nullopt);
-    timers.schedule.Start(slow, 15, 100ms);
-    timers.schedule.Start(quick, 10, 100ms);
-    EXPECT_EQ(timers.schedule.NextCall(), 110ms);
-    EXPECT_EQ(timers.CallsAt(110ms - 1ns), "");
-    EXPECT_EQ(timers.CallsAt(110ms), "b");
-    EXPECT_EQ(timers.CallsAt(130ms), "abab") << "both are due at 130: the first started calls first";
+TEST_F(TimerScheduleTest, CallsInTheOrderOfDueTimesAndNeverEarly) {
+    EXPECT_EQ(schedule.NextCall(), std::nullopt);
+    schedule.Start(Timer("a"), 15, 100ms);
+    schedule.Start(Timer("b"), 10, 100ms);
+    EXPECT_EQ(schedule.NextCall(), 110ms);
+    EXPECT_EQ(CallsAt(110ms - 1ns), "");
+    EXPECT_EQ(CallsAt(110ms), "b");
+    EXPECT_EQ(CallsAt(130ms), "abab") << "both are due at 130: the first started calls first";
 }
 
-TEST(TimerSchedule, MakesUpForLateCallsUnlessAWholeSecondWasMissed) {
-    Schedule timers;
-    const auto timer = timers.Timer("a");
-    timers.schedule.Start(timer, 100, 0s);
-    EXPECT_EQ(timers.CallsAt(199ms), "a");
-    EXPECT_EQ(timers.schedule.NextCall(), 200ms) << "no drift";
-    EXPECT_EQ(timers.CallsAt(1'300ms), "aaaaaaaaaaaa") << "200 to 1,300";
-    EXPECT_EQ(timers.CallsAt(2'500ms + 1ns), "a") << "the call after the one due at 1,400 is more than a second late";
-    EXPECT_EQ(timers.schedule.NextCall(), 2'600ms + 1ns) << "counted from now";
+TEST_F(TimerScheduleTest, MakesUpForLateCallsUnlessAWholeSecondWasMissed) {
+    schedule.Start(Timer("a"), 100, 0s);
+    EXPECT_EQ(CallsAt(199ms), "a");
+    EXPECT_EQ(schedule.NextCall(), 200ms) << "no drift";
+    EXPECT_EQ(CallsAt(1'300ms), "aaaaaaaaaaaa") << "200 to 1,300";
+    EXPECT_EQ(CallsAt(2'500ms + 1ns), "a") << "the call after the one due at 1,400 is more than a second late";
+    EXPECT_EQ(schedule.NextCall(), 2'600ms + 1ns) << "counted from now";
 }
 
-TEST(TimerSchedule, ATimerStopsAndBeginsAgainWithAnotherPeriod) {
-    Schedule timers;
-    const auto timer = timers.Timer("a");
-    timers.schedule.Start(timer, 30, 0s);
-    timers.schedule.Start(timer, 20, 15ms);
-    EXPECT_EQ(timers.CallsAt(34ms), "");
-    EXPECT_EQ(timers.CallsAt(55ms), "aa");
-    timers.schedule.Stop(timer);
-    EXPECT_EQ(timers.CallsAt(500ms), "");
-    timers.schedule.Start(timer, -3, 500ms);
-    EXPECT_EQ(timers.schedule.NextCall(), 501ms) << "at least a millisecond";
+TEST_F(TimerScheduleTest, ATimerStopsAndBeginsAgainWithAnotherPeriod) {
+    const auto timerPtr = Timer("a");
+    schedule.Start(timerPtr, 30, 0s);
+    schedule.Start(timerPtr, 20, 15ms);
+    EXPECT_EQ(CallsAt(34ms), "");
+    EXPECT_EQ(CallsAt(55ms), "aa");
+    schedule.Stop(timerPtr);
+    EXPECT_EQ(CallsAt(500ms), "");
+    schedule.Start(timerPtr, -3, 500ms);
+    EXPECT_EQ(schedule.NextCall(), 501ms) << "at least a millisecond";
 }
 
 TEST(TimerQueue, ACallMayStopOrDestroyItsOwnTimerAndStartOthers) {
-    TimerQueue queue;
-    std::atomic<int> calls = 0;
+    platform::TimerQueue queue;
+    std::string calls; // made on one thread
     std::atomic<bool> isDone = false;
-    std::unique_ptr<PeriodicTimer> stoppedPtr;
-    std::unique_ptr<PeriodicTimer> destroyedPtr;
-    std::unique_ptr<PeriodicTimer> startedPtr = queue.MakeTimer([&] {
-        startedPtr->Stop();
+    std::unique_ptr<platform::PeriodicTimer> timers[3];
+    timers[0] = queue.MakeTimer([&] {
+        calls += "stopped ";
+        timers[0]->Stop();
+    });
+    timers[1] = queue.MakeTimer([&] {
+        calls += "destroyed ";
+        timers[2]->Start(20);
+        timers[1].reset();
+    });
+    timers[2] = queue.MakeTimer([&] {
+        timers[2]->Stop();
         isDone = true;
     });
-    stoppedPtr = queue.MakeTimer([&] {
-        ++calls;
-        stoppedPtr->Stop();
-    });
-    destroyedPtr = queue.MakeTimer([&] {
-        ++calls;
-        startedPtr->Start(20);
-        destroyedPtr.reset();
-    });
-    stoppedPtr->Start(1);
-    destroyedPtr->Start(2);
+    timers[0]->Start(1);
+    timers[1]->Start(2);
     Await(isDone);
-    EXPECT_EQ(calls, 2);
+    EXPECT_EQ(calls, "stopped destroyed ");
 }
 
 TEST(TimerQueue, DestroyingATimerWaitsForTheCallThatRuns) {
-    TimerQueue queue;
+    platform::TimerQueue queue;
     std::atomic<bool> hasBegun = false;
     std::atomic<bool> mayEnd = false;
     std::atomic<bool> hasEnded = false;
@@ -120,7 +111,7 @@ TEST(TimerQueue, DestroyingATimerWaitsForTheCallThatRuns) {
 }
 
 TEST(TimerQueue, TimersSurviveTheirQueueInSilence) {
-    auto queuePtr = std::make_unique<TimerQueue>();
+    auto queuePtr = std::make_unique<platform::TimerQueue>();
     std::atomic<bool> isCalled = false;
     const auto timerPtr = queuePtr->MakeTimer([&] { isCalled = true; });
     timerPtr->Start(1);

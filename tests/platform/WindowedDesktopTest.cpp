@@ -8,14 +8,11 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
 #include <optional>
-
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace platform;
 using namespace std::chrono_literals;
@@ -28,29 +25,19 @@ namespace {
 class VirtualScreen {
 public:
     VirtualScreen(int width, int height) {
-        int ends[2];
-        if (pipe2(ends, O_CLOEXEC) != 0) return;
-        process = fork();
-        if (process == 0) {
-            dup2(ends[1], 3); // where it reports the display number that it has chosen
-            fcntl(3, F_SETFD, 0);
-            dup2(open("/dev/null", O_WRONLY), 2);
-            const std::string size = std::to_string(width) + "x" + std::to_string(height) + "x24";
-            execlp("Xvfb", "Xvfb", "-displayfd", "3", "-noreset", "-nolisten", "tcp", "-screen", "0", size.c_str(),
-                   "-fbdir", folder.Root().c_str(), nullptr);
-            _exit(127);
-        }
-        close(ends[1]);
-        std::string number;
-        for (char letter = 0; read(ends[0], &letter, 1) == 1 && letter != '\n';) number += letter;
-        close(ends[0]);
-        setenv("DISPLAY", (":" + number).c_str(), 1);
+        const std::string size = std::to_string(width) + "x" + std::to_string(height) + "x24";
+        const std::string command = "echo $$; exec Xvfb -displayfd 1 -noreset -nolisten tcp -screen 0 " + size +
+                                    " -fbdir " + folder.Root().string() + " 2> /dev/null";
+        pipePtr = popen(command.c_str(), "r");
+        int display = -1; // it chooses one that is free
+        EXPECT_EQ(std::fscanf(pipePtr, "%d %d", &process, &display), 2);
+        setenv("DISPLAY", (":" + std::to_string(display)).c_str(), 1);
         unsetenv("WAYLAND_DISPLAY");
         setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1); // nobody needs one here, so none should be started
     }
     ~VirtualScreen() {
         kill(process, SIGTERM);
-        waitpid(process, nullptr, 0);
+        pclose(pipePtr);
     }
 
     /// What the screen shows.
@@ -72,7 +59,8 @@ public:
 
 private:
     TestFolder folder;
-    pid_t process = -1;
+    FILE* pipePtr = nullptr;
+    int process = 0;
 };
 
 constexpr int width = 1024;

@@ -47,7 +47,7 @@ void Compositor::Draw(const SpriteBitmap& bitmap, const Placement& placement, st
     command.bitmapPtr = &bitmap;
     command.opacity = opacity;
     command.linear = linear;
-    if (placement.IsAxisParallel() && (!linear || placement.IsPixelForPixel()) && !generalPathOnly) {
+    if (placement.IsAxisParallel() && (!linear || placement.IsPixelForPixel())) {
         command.action = Action::paintCells;
         command.columns = ColumnSteps(placement, frame.width, lookups);
         command.rows = RowSteps(placement, frame.height, lookups);

@@ -26,9 +26,6 @@ public:
     /// Paints everything noted down, in order, and forgets it.
     void Compose();
 
-    /// Sends every picture down the path for any transform; only a test wants that.
-    void UseGeneralPathOnly() { generalPathOnly = true; }
-
 private:
     struct alignas(64) CacheLine {
         std::uint32_t pixels[16] = {};
@@ -66,7 +63,6 @@ private:
     std::vector<CacheLine> band;
     std::uint32_t* targetPtr = nullptr;
     int targetTop = 0;
-    bool generalPathOnly = false;
     std::vector<Command> commands;
     std::vector<int> lookups;
     std::vector<Placement> placements;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "game/StateReport.h"
+
 /// Runs through the pictures of an animation, counted in ticks.
 struct FrameCycle {
     int ticks = 0; // since the last change
@@ -10,5 +12,10 @@ struct FrameCycle {
         if (++ticks < ticksPerFrame) return;
         ticks = 0;
         frame = (frame + 1) % frameCount;
+    }
+
+    void Report(StateReport& report) const {
+        report.Add("frame", frame);
+        report.Add("frameTicks", ticks);
     }
 };

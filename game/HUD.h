@@ -4,9 +4,14 @@
 #include "engine/String.h"
 #include "game/Singleton.h"
 
+class StateReport;
+
 /// Score, coins, world and time across the top of the window, and the clock of the game.
 class HUD {
 public:
+    static constexpr char const* fontPicture = "Resources/Images/Font.bmp";
+    static constexpr char const* coinPicture = "Resources/Images/CoinIcon.bmp";
+
     static HUD* GetSingleton() { return Singleton<HUD>::Get(); }
     virtual ~HUD() = default;
 
@@ -25,6 +30,7 @@ public:
     int GetTime() const { return time; }
     int GetScore() const { return score; }
     int GetCoins() const { return coins; }
+    void Report(StateReport& report) const;
 
     /// Draws `text` in the cells of the font picture, 24 x 24 window pixels each, from (`x`, `y`) to the right.
     void DrawBitmapText(String const& text, int x, int y);

@@ -6,12 +6,15 @@
 #include "game/Singleton.h"
 
 #include <memory>
+#include <vector>
 
 class Bitmap;
 class HitRegion;
+struct MusicPlan;
+class StateReport;
 
-/// The one level: its pictures, the solid outline that bodies collide with, the places that trigger something, and the
-/// flag. Everything is in level pixels: the overworld in the top 224 rows, the underground room below its left end.
+/// The level that is played, as its plan describes it: its pictures, the solid outline that bodies collide with, the
+/// places that trigger something, and the flag. Everything is in level pixels.
 class Level {
 public:
     static Level* GetSingleton() { return Singleton<Level>::Get(); }
@@ -29,14 +32,16 @@ public:
     /// The strips that let the hero into the pipes.
     void PaintDebugPipes(MATRIX3X2 matView);
 
+    /// Starts one of the level's tracks, the hurried one when the HUD's time is short.
+    static void StartMusic(const MusicPlan& music);
     /// The hero has touched the flag pole.
     void SetFlagReached() { flagReached = true; }
 
     /// Whether the flag has come down: the level is won.
     bool IsFlagDown() const { return flagDown; }
-    /// Lies on top of the big pipe, the way down.
+    /// Lies on top of the pipe that leads down; all zero in a level without one.
     RECT2 GetPipeEntryRectVertical() const { return pipeEntryRectVertical; }
-    /// Lies on the floor before the horizontal pipe, the way out of the underground room.
+    /// Lies on the floor at the left of the pipe that leads out; all zero in a level without one.
     RECT2 GetPipeEntryRectHorizontal() const { return pipeEntryRectHorizontal; }
     RECT2 GetFlagpoleRect() const { return flagpoleRect; }
     /// The solid outline, for casting rays; the level keeps it. Without a shape, and hit by nothing, if its file could
@@ -45,20 +50,22 @@ public:
     /// The size of the level, which is that of its background.
     int GetWidth() const;
     int GetHeight() const;
+    /// Half the height, in whole pixels.
+    int GetMiddleY() const { return GetHeight() / 2; }
+    void Report(StateReport& report) const;
 
 private:
     friend class Singleton<Level>;
     Level();
 
+    void PlacePipeEntries();
     static void PaintAt(Bitmap* bitmapPtr, DOUBLE2 position, const MATRIX3X2& matView);
 
     bool flagReached = false;
     bool flagDown = false;
     std::unique_ptr<Bitmap> backgroundBitmapPtr;
     std::unique_ptr<Bitmap> castleBitmapPtr;
-    std::unique_ptr<Bitmap> pipeBigBitmapPtr;
-    std::unique_ptr<Bitmap> pipeHorizontalBitmapPtr;
-    std::unique_ptr<Bitmap> pipeSmallBitmapPtr;
+    std::vector<std::unique_ptr<Bitmap>> pipeBitmaps; // in the order of the plan
     std::unique_ptr<Bitmap> flagBitmapPtr;
     std::unique_ptr<HitRegion> collisionRegionPtr;
     RECT2 pipeEntryRectVertical;

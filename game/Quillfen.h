@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class StateReport;
+
 /// The game: it drives every part of itself once per frame in a fixed order, keeps the camera, and turns single keys
 /// into actions.
 class Quillfen : public AbstractGame, public Callable {
@@ -30,6 +32,9 @@ public:
     void SetCameraPosition(double x, double y) { cameraPosition = DOUBLE2(x, y); }
     /// The level position of the window's top-left corner.
     DOUBLE2 GetCameraPosition() const { return cameraPosition; }
+    /// Whether the debug view is drawn, and with it text of a font of this machine.
+    bool ShowsDebug() const { return debugMode; }
+    void Report(StateReport& report) const;
 
 private:
     Quillfen() = default;

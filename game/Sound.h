@@ -10,7 +10,7 @@
 
 class Audio;
 
-// What the rest of the game asks for, by number.
+// What the rest of the game asks for, by number. A new one needs a row in a table of Sound.cpp.
 enum SoundEffect : int {
     effectTest = 0,
     effectJump = 1,
@@ -24,7 +24,8 @@ enum SoundEffect : int {
     effectGameOver = 9,
     effectBlockBreak = 10,
     effectFireballThrow = 11,
-    effectFlag = 12
+    effectFlag = 12,
+    effectCount
 };
 enum Music : int {
     musicOverworld = 0,
@@ -32,7 +33,8 @@ enum Music : int {
     musicUnderworld = 2,
     musicUnderworldHurry = 3,
     musicCastleComplete = 4,
-    musicStarrush = 5
+    musicStarrush = 5, // sounds by the effect of the same name
+    musicCount
 };
 enum SoundAction : int { soundStop = 0, soundPlay = 1, soundPause = 2 };
 constexpr int volumeUnchanged = -1;
@@ -58,9 +60,6 @@ private:
     friend class Singleton<Sound>;
     Sound();
 
-    static constexpr std::size_t trackCount = 5; // beside the star music, which is also an effect
-    static constexpr std::size_t effectCount = 13;
-
     struct Effect {
         std::vector<std::unique_ptr<Audio>> copies;
         std::size_t nextCopy = 0;
@@ -70,6 +69,6 @@ private:
     Audio* TrackPtr(int id) const;
     static void Request(Audio* audioPtr, int action, int volume);
 
-    std::array<std::unique_ptr<Audio>, trackCount> tracks;
-    std::array<Effect, effectCount> effects; // by number
+    std::array<std::unique_ptr<Audio>, musicCount> tracks; // by number; no object of its own for the star music
+    std::array<Effect, effectCount> effects;               // by number
 };

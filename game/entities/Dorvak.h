@@ -5,6 +5,14 @@
 /// The enemy with a shell. Stomped it hides in it, stomped again the shell slides. Killed it is gone at once.
 class Dorvak : public EnemyBody {
 public:
+    static constexpr EnemyKind kind = {.type = enemyDorvak,
+                                       .name = "dorvak",
+                                       .picture = "Resources/Images/Dorvak.bmp",
+                                       .cellCount = 4,
+                                       .height = 24,
+                                       .points = 400,
+                                       .isTurnedByStomp = true};
+
     Dorvak(int x, int y, Bitmap* bitmapPtr);
     void Tick(double deltaTime) override;
     void Paint(MATRIX3X2 matView) override;
@@ -13,9 +21,9 @@ public:
     void PaintDebug(MATRIX3X2 matView) override { FillHitRect(COLOR(0, 200, 0, 150), matView); }
     /// A shell's box is lower at the top.
     RECT2 GetHitRect() override;
-    int GetType() override { return enemyDorvak; }
     /// Fallen out, or no longer walking and far from the hero.
     bool IsDead() override;
+    void Report(StateReport& report) const override;
 
 private:
     enum State : int { walking = 0, shellAtRest = 1, shellSliding = 2, dying = 3 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/COLOR.h"
+#include "game/Motion.h"
 #include "game/entities/EnemyMaster.h"
 #include "game/entities/SpriteStrip.h"
 
@@ -9,41 +10,42 @@
 class EnemyBody : public EnemyMaster {
 public:
     void Release() override {}
-    DOUBLE2 GetPosition() override { return position; }
-    void Move(DOUBLE2 delta) override { position += delta; }
+    DOUBLE2 GetPosition() override { return motion.position; }
+    void Move(DOUBLE2 delta) override { motion.position += delta; }
     void HandleLevelCollision() override;
-    void ResetVelocity(bool horizontal, bool vertical) override;
+    void ResetVelocity(bool horizontal, bool vertical) override { motion.ResetVelocity(horizontal, vertical); }
     void SetMovingLeft(bool left) override { movingLeft = left; }
+    int GetType() override { return kind.type; }
+    const EnemyKind& GetKind() const override { return kind; }
+    void Report(StateReport& report) const override;
 
 protected:
-    EnemyBody(int x, int y, Bitmap* bitmapPtr, int cellCount);
+    /// Borrows the bitmap and `kind`, which must outlive it.
+    EnemyBody(int x, int y, Bitmap* bitmapPtr, const EnemyKind& kind);
 
     /// Begins a tick: wakes the enemy, for good, when the hero is within 190 level pixels, and takes the horizontal
     /// speed of the tick before away. False while it sleeps.
     bool BeginTick();
     void AnimateWalk() { strip.Animate(8, 2); }
-    /// Pushes it on the way it faces; `push` times the seconds of this tick is the tick's speed.
-    void Push(double push, double deltaTime) { velocity.x += (movingLeft ? -push : push) * deltaTime; }
-    /// Speeds the fall up by `gravity`, in level pixels / s^2, and moves.
-    void Fall(double gravity, double deltaTime);
-    bool HasFallenOut() const { return position.y >= 500.0; }
+    /// Pushes it where it faces; `push` times the seconds of this tick is the tick's speed.
+    void Push(double push, double deltaTime) { motion.velocity.x += (movingLeft ? -push : push) * deltaTime; }
+    bool HasFallenOut() const;
 
     /// The cell about the position.
     RECT2 GetCellRect() const;
     /// Draws the cell with its centre on the position, scaled by -1 to mirror it.
-    void PaintCentered(double scaleX, double scaleY, const MATRIX3X2& matView) const;
+    void PaintCentered(double scaleX, double scaleY, const MATRIX3X2& matView) const {
+        strip.PaintCentered(motion.position, scaleX, scaleY, matView);
+    }
     /// The pictures face left.
     void PaintFacing(const MATRIX3X2& matView) const { PaintCentered(movingLeft ? 1.0 : -1.0, 1.0, matView); }
     void FillHitRect(COLOR color, const MATRIX3X2& matView);
 
-    static constexpr double walkPush = 2000.0;
-    static constexpr double normalGravity = 800.0; // level pixels / s^2
-
-    DOUBLE2 position; // the centre of the picture
-    DOUBLE2 velocity; // level pixels / s
+    Motion motion; // the position is the centre of the picture
     SpriteStrip strip;
 
 private:
+    const EnemyKind& kind;
     bool movingLeft = true;
     bool active = false;
 };

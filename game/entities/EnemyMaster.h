@@ -5,9 +5,21 @@
 #include "engine/RECT2.h"
 
 class Bitmap;
+class StateReport;
 
 /// What GetType answers, and what the enemy file's Type says.
 enum EnemyType : int { enemySkreel = 0, enemyDorvak = 1 };
+
+/// What the rest of the game knows about a kind of enemy.
+struct EnemyKind {
+    EnemyType type;
+    char const* name;    // in the list of actors that the enemy file is made from
+    char const* picture; // a strip of equal cells
+    int cellCount;
+    int height;           // of the picture, level pixels
+    int points;           // for the hero who defeats it
+    bool isTurnedByStomp; // to where the hero faces
+};
 
 /// An enemy of the level. Its position is the centre of its picture, in level pixels.
 class EnemyMaster {
@@ -37,4 +49,6 @@ public:
     /// The list may delete it.
     virtual bool IsDead() = 0;
     virtual void SetMovingLeft(bool movingLeft) = 0;
+    virtual const EnemyKind& GetKind() const = 0;
+    virtual void Report(StateReport& report) const = 0;
 };

@@ -5,6 +5,8 @@
 #include "engine/RECT2.h"
 
 class Bitmap;
+class Pelko;
+class StateReport;
 
 /// What GetType answers.
 enum EntityType : int { entityCoinBlock = 0, entityCoin = 1, entityFlower = 2, entityMushroom = 3, entityStar = 4 };
@@ -15,7 +17,8 @@ enum BlockContent : int {
     contentCoin = 1,
     contentFlower = 2,
     contentMushroom = 3,
-    contentStar = 4
+    contentStar = 4,
+    contentCount
 };
 
 enum EntityState : int {
@@ -40,9 +43,9 @@ public:
     virtual void PaintDebug(MATRIX3X2 matView) = 0;
     /// All zero when it cannot be touched.
     virtual RECT2 GetHitRect() = 0;
-    /// What the class is worth. What the player gets for it is decided where the contact is.
+    /// What the class is worth. What the player really gets is decided by GiveTo.
     virtual int GetScore() = 0;
-    /// The hero has touched it.
+    /// The hero has touched it; a coin can then not be touched again.
     virtual void Collect() = 0;
     virtual void Move(DOUBLE2 delta) = 0;
     /// Stops the chosen directions.
@@ -53,4 +56,7 @@ public:
     virtual void SetState(int state) = 0;
     /// Which kind of mushroom; 0 for everything else.
     virtual int GetVariant() = 0;
+    /// Gives the hero who touches it what it is good for, and the player points and sound.
+    virtual void GiveTo(Pelko& hero) = 0;
+    virtual void Report(StateReport& report) const = 0;
 };

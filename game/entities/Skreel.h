@@ -6,6 +6,14 @@
 /// upside down.
 class Skreel : public EnemyBody {
 public:
+    static constexpr EnemyKind kind = {.type = enemySkreel,
+                                       .name = "skreel",
+                                       .picture = "Resources/Images/Skreel.bmp",
+                                       .cellCount = 3,
+                                       .height = 16,
+                                       .points = 100,
+                                       .isTurnedByStomp = false};
+
     Skreel(int x, int y, Bitmap* bitmapPtr);
     void Tick(double deltaTime) override;
     void Paint(MATRIX3X2 matView) override;
@@ -13,8 +21,8 @@ public:
     bool Kill() override;
     void PaintDebug(MATRIX3X2 matView) override { FillHitRect(COLOR(50, 50, 50, 150), matView); }
     RECT2 GetHitRect() override { return state == walking ? GetCellRect() : RECT2(); }
-    int GetType() override { return enemySkreel; }
     bool IsDead() override { return HasFallenOut() || flattenedTicks < 1; }
+    void Report(StateReport& report) const override;
 
 private:
     enum State : int { walking = 0, flattened = 1, dying = 2 };

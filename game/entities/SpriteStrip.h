@@ -21,10 +21,17 @@ public:
     /// Draws the cell with its top-left corner at `position`, in level pixels.
     void Paint(DOUBLE2 position, const MATRIX3X2& matView) const;
 
+    /// Draws the cell with its middle at `position`, scaled about it: by -1 to mirror it.
+    void PaintCentered(DOUBLE2 position, double scaleX, double scaleY, const MATRIX3X2& matView) const;
+
     int GetCellWidth() const { return cellWidth; }
     int GetCellHeight() const { return cellHeight; }
+    /// The middle of the cell, in whole pixels from its left and from its top.
+    int GetMiddleX() const { return cellWidth / 2; }
+    int GetMiddleY() const { return cellHeight / 2; }
     /// What a cell with its top-left corner at `position` covers.
     RECT2 GetCellRect(DOUBLE2 position) const;
+    void Report(StateReport& report) const;
 
 private:
     Bitmap* bitmapPtr;

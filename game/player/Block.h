@@ -4,12 +4,19 @@
 #include "engine/MATRIX3X2.h"
 #include "engine/RECT2.h"
 #include "game/FrameCycle.h"
-#include "platform/Types.h"
 
 class Bitmap;
+class StateReport;
 
 /// What a block is made as and what it is at the moment; also its row in the sheet.
-enum BlockState : int { blockBrick = 0, blockQuestion = 1, blockUsed = 2, blockBroken = 3, blockTreasure = 4 };
+enum BlockState : int {
+    blockBrick = 0,
+    blockQuestion = 1,
+    blockUsed = 2,
+    blockBroken = 3,
+    blockTreasure = 4,
+    blockStateCount
+};
 
 /// What Block::GetType answers.
 enum BlockType : int {
@@ -43,6 +50,7 @@ public:
     DOUBLE2 GetPosition() const { return position; }
     int GetContent() const { return content; }
     int GetVariant() const { return variant; }
+    void Report(StateReport& report) const;
 
 private:
     void Finish();
@@ -56,6 +64,6 @@ private:
     double deltaTime = 0.0; // of the last tick; how far a bump jumps depends on it
     Bitmap* sheetPtr;
     DOUBLE2 position; // top-left corner
-    RECT clip;        // the cell to draw
+    RECT2 clip;       // the cell to draw
     int state;
 };

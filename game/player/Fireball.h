@@ -6,6 +6,7 @@
 #include "game/entities/SpriteStrip.h"
 
 class Bitmap;
+class StateReport;
 
 /// What the hero throws: it bounces over the ground, rolls along blocks, explodes at walls and at the first enemy it
 /// touches. It ends after the explosion, when it gets too old, and when it is too far from the hero.
@@ -24,6 +25,7 @@ public:
     bool IsExploding() const { return state == exploding; }
     /// The centre.
     DOUBLE2 GetPosition() const { return position; }
+    void Report(StateReport& report) const;
 
 private:
     enum State : int { flying = 0, exploding = 1, done = 2 };
@@ -46,7 +48,6 @@ private:
     int frame = 0;
     int direction; // -1 left, +1 right
     int width;     // of the box: the whole strip's, so that it reaches an enemy before the picture does
-    int height;
     State state = flying;
     DOUBLE2 position;
     DOUBLE2 velocity; // pixels per tick

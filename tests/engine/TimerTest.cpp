@@ -115,7 +115,7 @@ TEST_F(ScriptedTimer, AListenerMayStopRestartAndDeleteItsTimer) {
 TEST(ThreadedTimer, MayBeUsedAndDeletedWhileItCalls) {
     struct RealTime : Stage::Desktop {
         std::unique_ptr<platform::PeriodicTimer> MakeTimer(std::function<void()> callback) override {
-            return Desktop::MakeTimer(std::move(callback));
+            return platform::Desktop::MakeTimer(std::move(callback));
         }
     };
     auto desktopPtr = std::make_unique<RealTime>();

@@ -1,6 +1,7 @@
 #include "tools/level_check/PlayCheck.h"
 
 #include "engine/GameEngine.h"
+#include "game/ChosenLevel.h"
 #include "game/Handy.h"
 #include "game/Level.h"
 #include "game/entities/EnemyList.h"
@@ -26,15 +27,14 @@ constexpr double fellOutY = 460.0;
 constexpr int placeSize = 12; // places closer together than this are one
 constexpr int smallHeight = 16;
 
-bool Overlap(RECT2 a, RECT2 b) { return HasBox(a) && HasBox(b) && Handy::GetSingleton()->RectsOverlap(a, b); }
+bool Touch(RECT2 a, RECT2 b) { return Handy::GetSingleton()->Touch(a, b); }
 
 } // namespace
 
 void PlayCheck::Run(Findings& findings) {
     Prepare();
     Explore(Pelko::GetSingleton()->GetPosition());
-    constexpr DOUBLE2 undergroundStart(50.0, 250.0);
-    if (pipeEntered) Explore(undergroundStart);
+    if (pipeEntered) Explore(chosenLevel.room.start);
 
     const BlockList& blocks = *BlockList::GetSingleton();
     for (int i = 0; i < BlockList::blockCount; ++i) {
@@ -110,9 +110,9 @@ void PlayCheck::LookAround() {
 
     const Level& level = *Level::GetSingleton();
     const Pelko& hero = *Pelko::GetSingleton();
-    if (Overlap(hero.GetHitRectHorizontal(), level.GetFlagpoleRect())) flagTouched = true;
-    if (Overlap(hero.GetHitRectVertical(), level.GetPipeEntryRectVertical())) pipeEntered = true;
-    if (Overlap(hero.GetHitRectVertical(), level.GetPipeEntryRectHorizontal())) pipeLeft = true;
+    if (Touch(hero.GetHitRectHorizontal(), level.GetFlagpoleRect())) flagTouched = true;
+    if (Touch(hero.GetHitRectVertical(), level.GetPipeEntryRectVertical())) pipeEntered = true;
+    if (Touch(hero.GetHitRectVertical(), level.GetPipeEntryRectHorizontal())) pipeLeft = true;
 }
 
 void PlayCheck::Explore(DOUBLE2 start) {

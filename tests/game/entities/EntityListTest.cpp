@@ -110,6 +110,12 @@ TEST_F(Entities, AStarLeavesAtOnceAndMovesLikeAMushroom) {
     EXPECT_NEAR(At(star).x, x + 10 * 5, 1e-9);
 }
 
+TEST_F(Entities, AnEdgeInTheUpperHalfOfAWalkerIsACeiling) {
+    const int star = Add(DOUBLE2(50, 82), contentStar); // a quarter of it above the left wall
+    Run(1);
+    EXPECT_NEAR(At(star).y, 100 + 800 * dt * dt, 1e-9);
+}
+
 TEST_F(Entities, OneThatIsTakenIsGoneAtOnceOrWithItsNextTick) {
     const int star = Add(DOUBLE2(200, 100), contentStar);
     const int flower = Add(DOUBLE2(300, 100), contentFlower);

@@ -25,7 +25,6 @@ class Contacts : public testing::Test {
 protected:
     /// One Skreel at (600, 100), one at (800, 100), a Dorvak at (700, 100), all asleep.
     static constexpr int skreel = 0;
-    static constexpr int farSkreel = 1;
     static constexpr int dorvak = 2;
 
     void PutHero(double x, double y) { pelko->SetPosition(x, y); }

@@ -136,6 +136,12 @@ TEST(HeroOutline, StopsAtAWallFromEitherSide) {
     }
 }
 
+TEST(HeroOutline, InAShaftThatIsTooNarrowHeStaysAtTheLeftWall) {
+    Playground play(SceneWith(Floor() + Solid(0, 100, 100, 200) + Solid(112, 100, 600, 200), 50, 50));
+    play.Hero().SetPosition(108.5, 150.0); // the push out of the right wall puts him into the left one
+    EXPECT_NEAR(play.Run(1).Hero().GetPosition().x, 100.0 + 8.0, tolerance);
+}
+
 TEST(HeroOutline, OneFootIsEnoughToStand) {
     struct {
         double x;

@@ -4,6 +4,7 @@
 #include "platform/Desktop.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 
 using platform::Desktop;
@@ -12,7 +13,7 @@ namespace {
 GameEngine* singletonPtr = nullptr;
 
 constexpr double longestStep = 0.05; // seconds; a stall never becomes one huge step
-constexpr int keyPollMilliseconds = 16;
+constexpr auto keyPollPeriod = std::chrono::milliseconds(16);
 
 int LowWord(LPARAM value) { return static_cast<int>(value & 0xFFFF); }
 int HighWord(LPARAM value) { return static_cast<int>(value >> 16 & 0xFFFF); }
@@ -30,13 +31,15 @@ GameEngine::GameEngine() : title(L"") {
     keyReleases.reserve(maxWatchedKeys);
     deliveredReleases.reserve(maxWatchedKeys);
     CreateDeviceIndependentResources();
-    keySleeperPtr = Desktop::Current().MakeSleeper();
-    keyThread = std::thread(KeyboardThreadEntry, this);
+    keyWorkerPtr = Desktop::Current().StartWorker([this](platform::Worker& worker) {
+        pollingWorkerPtr = &worker;
+        KeyboardThreadEntry(this);
+    });
 }
 
 GameEngine::~GameEngine() {
     consolePtr.reset();
-    StopKeyThread();
+    keyWorkerPtr.reset();
     frameClock.reset();
     gamePtr.reset();
     defaultFontPtr.reset();
@@ -54,28 +57,32 @@ int GameEngine::Run(HINSTANCE instance, int iCmdShow) {
     frameClock->Reset();
     gamePtr->GameInitialize(instance);
     if (!CreateGameWindow(iCmdShow)) {
-        StopKeyThread(); // the engine stays, but nothing may run on when the program ends
+        keyWorkerPtr.reset(); // the engine stays, but nothing may run on when the program ends
         return 0;
     }
     CreateDeviceResources();
     gamePtr->GameStart();
     Repaint();
+    return Desktop::Current().RunLoop([this] { return RunPass(); });
+}
 
+std::optional<int> GameEngine::RunPass() {
     Desktop& desktop = Desktop::Current();
+    DeliverKeyReleases(); // before the queue is looked at: a release may have ended the game
     platform::Message message;
-    while (message.message != WM_QUIT) {
-        DeliverKeyReleases(); // before the queue is looked at: a release may have ended the game
-        if (desktop.PeekMessage(message)) {
-            desktop.DispatchMessage(message);
-        } else if (!sleeping && runGameLoop) {
-            RunFrame();
-        } else {
-            desktop.WaitMessage();
+    if (desktop.PeekMessage(message)) {
+        desktop.DispatchMessage(message);
+        if (message.message == WM_QUIT) {
+            gamePtr->GameEnd();
+            delete this;
+            return static_cast<int>(message.wParam);
         }
+    } else if (!sleeping && runGameLoop) {
+        RunFrame();
+    } else {
+        desktop.WaitMessage();
     }
-    gamePtr->GameEnd();
-    delete this;
-    return static_cast<int>(message.wParam);
+    return std::nullopt;
 }
 
 void GameEngine::RunFrame() {
@@ -226,23 +233,10 @@ void GameEngine::SetKeyList(String newKeyList) {
 
 bool GameEngine::IsKeyDown(int vKey) const { return Desktop::Current().IsKeyDown(vKey); }
 
-void GameEngine::KeyboardThreadEntry(void* enginePtr) {
-    auto* const engine = static_cast<GameEngine*>(enginePtr);
-    engine->KeyboardThreadProc();
-    engine->keySleeperPtr->Wake(); // nobody has to wait for this thread's next round
-}
-
-void GameEngine::StopKeyThread() {
-    keyThreadRunning = false;
-    keySleeperPtr->Wake();
-    if (keyThread.joinable()) keyThread.join();
-}
+void GameEngine::KeyboardThreadEntry(void* enginePtr) { static_cast<GameEngine*>(enginePtr)->KeyboardThreadProc(); }
 
 DWORD GameEngine::KeyboardThreadProc() {
-    while (keyThreadRunning) {
-        PollKeys();
-        keySleeperPtr->Sleep(keyPollMilliseconds);
-    }
+    do { PollKeys(); } while (pollingWorkerPtr->Rest(keyPollPeriod));
     return 0;
 }
 

@@ -12,11 +12,10 @@
 #include "platform/Imaging.h"
 #include "platform/Types.h"
 
-#include <atomic>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 class Bitmap;
@@ -24,7 +23,7 @@ class HitRegion;
 
 namespace platform {
 class Console;
-class Sleeper;
+class Worker;
 } // namespace platform
 
 /// The engine: one window, the message and game loop, the keys, and the game's only canvas.
@@ -211,12 +210,13 @@ public:
 
 protected:
     GameEngine();
-    /// Polls the watched keys every 16 ms until the engine ends. Runs on its own thread.
+    /// Polls the watched keys every 16 ms until the engine ends, on a thread of its own. On a desktop without threads
+    /// it is called before each frame and polls them once.
     virtual DWORD KeyboardThreadProc();
 
 private:
     static void KeyboardThreadEntry(void* enginePtr);
-    void StopKeyThread();
+    std::optional<int> RunPass();
     void SetCaption(bool hasCaption);
     void MoveFocus(HWND childWindow, int direction);
     void PollKeys();
@@ -239,13 +239,12 @@ private:
     int height = 0;
     bool sleeping = true;
     bool runGameLoop = false;
-    std::thread keyThread;
-    std::unique_ptr<platform::Sleeper> keySleeperPtr;
-    std::atomic<bool> keyThreadRunning = true;
-    std::mutex keyMutex; // guards the three below
+    std::unique_ptr<platform::Worker> keyWorkerPtr;
+    platform::Worker* pollingWorkerPtr = nullptr; // the same one, for its work alone
+    std::mutex keyMutex;                          // guards the three below
     std::vector<WORD> keyList;
     DWORD keyMonitor = 0;                // bit i: entry i was down at the last poll
-    std::vector<WORD> keyReleases;       // found by the key thread, not yet delivered
+    std::vector<WORD> keyReleases;       // found by the polls, not yet delivered
     std::vector<WORD> deliveredReleases; // main thread only; swaps memory with the above
     std::unique_ptr<AbstractGame> gamePtr;
     bool fullscreen = false;

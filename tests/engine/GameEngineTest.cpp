@@ -1,5 +1,5 @@
 #include "engine/GameEngine.h"
-#include "platform/ScriptedDesktop.h"
+#include "tests/support/Stage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -144,6 +144,19 @@ TEST_F(EngineLoop, ReportsEachReleaseOnceBeforeTheFrameThatFollowsIt) {
     Run(20);
     EXPECT_THAT(Events(), ElementsAre("initialize", "start", "key E", "key A", "key E", "end", "delete"));
     EXPECT_EQ(TicksBefore("key E"), 9);
+}
+
+TEST_F(EngineLoop, HearsKeysThatAThreadPolls) {
+    auto desktopPtr = std::make_unique<Stage::Desktop>();
+    desktopPtr->hasThreads = true;
+    desktop = desktopPtr.get();
+    Desktop::Use(std::move(desktopPtr));
+    log.onTick = [this](int tick) {
+        desktop->SetKey('E', tick / 100 % 2 == 0); // a release is sooner or later found between two polls
+        if (Events().size() > 2) GameEngine::GetSingleton()->QuitGame();
+    };
+    Run(1'000'000);
+    EXPECT_EQ(Events()[2], "key E");
 }
 
 TEST_F(EngineLoop, WatchesOnlyTheFirst32Keys) {

@@ -9,7 +9,7 @@ namespace {
 using enum Action;
 using enum KeyBinding::When;
 
-// README.md has the same keys and words. The released ones keep their order, which is that of the engine's key list.
+// README.md lists the same keys and words. The engine watches the released keys in the order of this table.
 constexpr KeyBinding bindings[] = {
     {walkLeft, held, VK_LEFT, "←", "walk left"},
     {walkRight, held, VK_RIGHT, "→", "walk right, also into the pipe on the floor"},
@@ -36,7 +36,7 @@ constexpr KeyBinding bindings[] = {
     {goToStart, released, VK_HOME, "Home", "go to the start"},
     {goToRoom, released, VK_END, "End", "go to the room below"},
     {leaveRoom, released, VK_DELETE, "Delete", "go to the pipe that leads out of it"},
-    {quit, released, VK_ESCAPE, "Escape", "quit"}, // watched twice: the second release finds the game ending
+    {quit, released, VK_ESCAPE, "Escape", "quit"}, // watched twice, so it quits twice; the second call changes nothing
     {keepStar, released, VK_TAB, "Tab", "keep star power on"},
 };
 } // namespace

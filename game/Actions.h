@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-/// What a player can do, and, from showBoxes on, what helps to look into the game.
+/// What a player can do. The actions from showBoxes on are for debugging.
 enum class Action {
     walkLeft,
     walkRight,
@@ -34,24 +34,24 @@ enum class Action {
     leaveRoom
 };
 
-/// A key that does something. One action may have several keys, one key several actions.
+/// A key and what it does. An action may have several keys, and a key several actions.
 struct KeyBinding {
-    /// When the action happens: as long as the key is down, or each time it is let go.
+    /// When the action happens: while the key is down, or once when the player releases it.
     enum When { held, released };
 
     Action action;
     When when;
     int key;             // see engine/Keys.h
-    char const* keyName; // the last two are for the player
+    char const* keyName; // as the player knows it
     char const* words;
 };
 
 /// Every key of the game.
 std::span<const KeyBinding> KeyBindings();
 
-/// Whether a key that does `action` while it is held is down.
+/// Whether the player holds a key that does `action` while it is down.
 bool IsHeld(Action action);
-/// What letting go of `key` does; nothing for most keys.
+/// What the release of `key` does; empty for most keys.
 std::optional<Action> ActionOfRelease(int key);
 /// The keys whose release does something, for GameEngine::SetKeyList.
 String ReleasedKeys();

@@ -9,8 +9,8 @@
 namespace {
 constexpr std::size_t labelLength = 15; // characters
 
-/// The number at the start of `text`; false if there is none or it does not fit. A carriage return behind the digits is
-/// one of the things that do not count.
+/// Reads the number at the start of `text`; false if there is none or it does not fit. Whatever follows the digits is
+/// ignored, also the carriage return of a line that ends with one.
 bool ParseInt(char const* text, int& value) {
     char* endPtr = nullptr;
     errno = 0;
@@ -21,7 +21,7 @@ bool ParseInt(char const* text, int& value) {
 }
 } // namespace
 
-// A folder can be opened like a file, but the first look into it fails.
+// A folder opens like a file; only reading from it fails.
 DataFile::DataFile(char const* path) : file(path), isReadable(file.is_open() && (file.peek(), !file.bad())) {
     if (isReadable) return;
     std::string name = path;

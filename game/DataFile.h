@@ -11,20 +11,22 @@ struct DataRecord {
     int value = 0;
 };
 
-/// Reads a data file of the game: plain text, one field a line, a label of exactly 15 characters followed by a whole
-/// number. Lines may end with a line feed alone or with a carriage return before it.
+/// Reads a data file of the game. It is plain text with one field per line: a label of exactly 15 characters, then a
+/// whole number. A line may end with a line feed, or with a carriage return and a line feed.
 class DataFile {
 public:
-    /// `path` is relative to the working directory. Shows a message if the file is missing or cannot be read; then it
-    /// has no records.
+    /// `path` is relative to the working directory. Shows a message if the file is missing or cannot be read; such a
+    /// file has no records.
     explicit DataFile(char const* path);
-    /// Takes the next record, whose last line has the label `closingLabel`; false at the end. A closing line before the
-    /// record has both an x and a y other than 0 is ignored, and what was read so far belongs to the next record.
+    /// Takes the next record; false at the end of the file. A line with the label `closingLabel` ends a record, which
+    /// needs an x and a y other than 0. Without them the closing line is ignored, and an x or y that was read already
+    /// belongs to the next record.
     bool ReadRecord(std::string_view closingLabel, DataRecord& record);
 
 private:
-    /// Takes the next field; false at the end. Skips lines that are not fields: shorter than a label, without a number
-    /// after it, or with one that does not fit an int. Blanks before the number and anything after it do not count.
+    /// Takes the next field; false at the end. Skips lines that are not fields: lines shorter than a label, without a
+    /// number after it, or with a number that does not fit an int. Ignores blanks before the number and anything after
+    /// it.
     bool ReadField();
 
     std::ifstream file;

@@ -63,7 +63,7 @@ void HUD::Paint() {
     DrawBitmapText("TIME", column4, row1);
     DrawBitmapText(String(" ") + ToPaddedString(time, 3), column4, row2);
     PaintDebug(false);
-    // The icon, one of six frames at three times its size, ends where the coins' text begins.
+    // Half the strip is three of its six frames, the icon's width on the screen: it ends where the coins' text begins.
     DrawCoinIcon(column2 - coinIconBitmap.GetWidth() / 2, row2);
 }
 

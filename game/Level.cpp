@@ -14,7 +14,7 @@ namespace {
 constexpr double flagpoleWidth = 2.0; // level pixels
 constexpr double flagSpeed = 120.0;   // level pixels per second
 
-constexpr int pipeEntryMargin = 3; // level pixels at each side of the pipe that do not let the hero in
+constexpr int pipeEntryMargin = 3; // level pixels at each side of the pipe where the hero cannot enter
 constexpr int pipeExitWidth = 9;
 
 std::vector<std::unique_ptr<Bitmap>> LoadPipes() {
@@ -51,7 +51,7 @@ void Level::PlacePipeEntries() {
 
 void Level::Tick(double deltaTime) {
     if (flagReached) {
-        // Tested before it moves: the flag may pass its place by one step and is set back on the next tick.
+        // The test comes before the move, so the flag may go one step too far; the next tick sets it back.
         if (flagPosition.y < chosenLevel.flag.downY) {
             flagPosition.y += flagSpeed * deltaTime;
         } else {
@@ -98,7 +98,7 @@ void Level::PaintDebugPipes(MATRIX3X2 matView) {
 }
 
 void Level::StartMusic(const MusicPlan& music) {
-    constexpr int hurryTime = 100; // the HUD's time from which on it hurries
+    constexpr int hurryTime = 100; // at this time on the HUD, and below it, the music hurries
     Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music.calm : music.hurried, soundPlay,
                                      volumeUnchanged);
 }

@@ -13,11 +13,11 @@ struct PlacedPicture {
     DOUBLE2 position;
 };
 
-/// What a pipe is there for. A level has at most one that leads down and one that leads out.
+/// What a pipe is for. A level has at most one that leads down and at most one that leads out.
 enum PipeUse : int {
-    pipeLeadsDown,   // from the overworld into the room; its strip lies on its top
-    pipeLeadsOut,    // from the room back up; its strip lies on the floor at its left
-    pipeLeadsNowhere // he comes out of it, or it only stands there
+    pipeLeadsDown,   // from the overworld into the room; the hero enters at its top
+    pipeLeadsOut,    // from the room back up; the hero enters from its left
+    pipeLeadsNowhere // the hero may come out of it, but cannot enter it
 };
 
 /// A pipe, drawn over the hero who goes into it. `x`, `y` is its top-left corner.
@@ -45,71 +45,70 @@ struct CoinRowPlan {
     int count;
 };
 
-/// The pole at the end, and the flag that comes down its left side.
+/// The pole at the end, and the flag that hangs at its left and comes down.
 struct FlagPlan {
     char const* picture;
     DOUBLE2 poleTop;
     double poleFootY;
     int flagRight;
-    double upY; // of the flag's top edge
+    double upY; // the flag's top edge before and after
     double downY;
 };
 
-/// Where a hero who falls starts again once he has been at `fromX` or beyond.
+/// A hero who has reached `fromX` starts again at `start` when he falls out of the level.
 struct CheckpointPlan {
     double fromX;
     DOUBLE2 start;
 };
 
-/// A track, and the one that plays instead when the time is short.
+/// A track, and the track that plays instead when little time is left.
 struct MusicPlan {
     Music calm;
     Music hurried;
 };
 
-/// The room below: while the hero is under `top`, between `left` and `right`, the camera stands still at `view`.
+/// The room below: while the hero is below `top` and between `left` and `right`, the camera stays at `view`.
 struct RoomPlan {
     double left;
     double top;
     double right;
     DOUBLE2 view;
-    DOUBLE2 start;      // of a hero who comes down the pipe
-    DOUBLE2 debugStart; // of one whom a debug key puts there
-    DOUBLE2 exit;       // where he appears after the pipe out
+    DOUBLE2 start;      // of a hero who comes through the pipe
+    DOUBLE2 debugStart; // of a hero whom the debug key puts there
+    DOUBLE2 exit;       // where he appears when he leaves the room
     MusicPlan music;
 };
 
-/// How far down things may fall, in level pixels.
+/// How deep things may fall, in level pixels.
 struct DepthPlan {
-    double thingsEnd;    // enemies and entities are gone from here on
-    double fireballsEnd; // and fireballs
-    double heroReturns;  // below it the hero starts again
+    double thingsEnd;    // enemies and entities at this depth or below are deleted
+    double fireballsEnd; // fireballs at this depth or below end
+    double heroReturns;  // the hero starts again when he is below this depth
 };
 
-/// The heights between which the shelled enemy knocks out others; the ends do not belong.
+/// The shelled enemy knocks out others while it is between these heights, ends excluded.
 struct ShellZonePlan {
     double top;
     double bottom;
 };
 
-/// Everything that makes one level, as data. All places are level pixels. File names are relative to the working
-/// directory.
+/// One level as data. All coordinates are level pixels; file names are relative to the working directory.
 struct LevelPlan {
-    char const* worldLabel; // both are shown by the HUD
+    char const* worldLabel; // this and the name are shown by the HUD
     char const* worldName;
-    char const* background; // its size is the size of the level
-    char const* outline;    // what is solid: the first path of a drawing
-    char const* heroFile;   // where the hero stands at first, and in which form
+    char const* background; // its size is that of the level
+    char const* outline;    // an SVG file whose first path is what is solid
+    char const* heroFile;   // where the hero stands when the game starts, and his form
     char const* enemyFile;
     PlacedPicture castle;
     std::span<const PipePlan> pipes;
     FlagPlan flag;
-    DOUBLE2 start; // of a hero who is put back to the beginning
+    DOUBLE2 start; // where the debug key puts the hero
     CheckpointPlan checkpoint;
     RoomPlan room;
     MusicPlan music; // of the overworld
     DepthPlan depths;
-    double lowestView; // of the camera that the player steers
+    double lowestView; // the lowest position of the free camera
     ShellZonePlan shellZone;
     std::span<const BlockPlan> blocks;
     std::span<const CoinRowPlan> coinRows;

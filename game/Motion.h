@@ -2,10 +2,10 @@
 
 #include "engine/DOUBLE2.h"
 
-/// Where a body is and how fast it moves: what the hero, the enemies and the walking power-ups share.
+/// Where a body is and how fast it moves. The hero, the enemies and the power-ups have one.
 struct Motion {
     static constexpr double gravity = 800.0; // level pixels / s^2
-    /// A body that walks by itself stops at the start of each tick; this times the tick's seconds is its speed again.
+    /// Enemies and power-ups set their horizontal speed to 0 in each tick and then add this times the tick's seconds.
     static constexpr double walkPush = 2000.0; // level pixels / s^2
 
     DOUBLE2 position; // level pixels

@@ -26,14 +26,15 @@ namespace {
 constexpr int scale = 4;       // window pixels per level pixel
 constexpr int viewWidth = 256; // level pixels
 constexpr int viewHeight = 224;
-constexpr double followMargin = 80.0; // level pixels from the view's left edge that the hero gets before it follows
+constexpr double followMargin =
+    80.0; // level pixels between the view's left edge and the hero's, when the camera follows him
 
 constexpr double freeCameraSpeed = 300.0;           // level pixels / s
 constexpr double freeCameraTurn = std::numbers::pi; // radians / s
 constexpr double freeCameraZoom = 1.0;              // level pixels per window pixel, each second
 constexpr double unzoomed = 1.0 / scale;
 
-constexpr int flushTicks = 15; // how long a position may wait before a reader of the output gets it
+constexpr int flushTicks = 15; // the output is flushed once in so many ticks
 
 Quillfen* singletonPtr = nullptr;
 
@@ -119,7 +120,7 @@ void Quillfen::UpdateCamera() {
     cameraPosition.x = std::max(cameraPosition.x, pelkoPos.x - half - followMargin); // it never goes back
     StopCameraAtLevelEnd();
     if (cameraPosition.x > pelkoPos.x - half) {
-        pelkoPtr->SetPosition(half + cameraPosition.x, Pelko::keepCoordinate); // nor does he leave the view
+        pelkoPtr->SetPosition(half + cameraPosition.x, Pelko::keepCoordinate); // and he cannot leave the view
     }
     const RoomPlan& room = chosenLevel.room;
     if (pelkoPos.y > room.top && pelkoPos.x > room.left && pelkoPos.x < room.right && pelkoPtr->IsAlive()) {
@@ -156,13 +157,13 @@ void Quillfen::UpdateFreeCamera(double deltaTime) {
 void Quillfen::PrintHeroPosition() {
     const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
     std::cout << "Position Pelko: " << pelkoPos.x << ", " << pelkoPos.y << '\r';
-    if (--ticksUntilFlush > 0) return; // not on every tick, which would cost a system call each
+    if (--ticksUntilFlush > 0) return; // a system call on every tick would be too expensive
     ticksUntilFlush = flushTicks;
     std::cout.flush();
 }
 
 void Quillfen::GamePaint(RECT /*rect*/) {
-    // the camera's place in the level: scale, then rotate, then translate; the view undoes it
+    // The camera's place in the level: scale, then rotate, then translate. The view is the inverse.
     const MATRIX3X2 matCameraScale = MATRIX3X2::CreateScalingMatrix(cameraZoom);
     const MATRIX3X2 matCameraRotate = MATRIX3X2::CreateRotationMatrix(cameraAngle);
     const MATRIX3X2 matCameraTranslate = MATRIX3X2::CreateTranslationMatrix(cameraPosition);
@@ -173,7 +174,7 @@ void Quillfen::GamePaint(RECT /*rect*/) {
     Level* const levelPtr = Level::GetSingleton();
     levelPtr->Paint(matView);
     Pelko::GetSingleton()->Paint(matView);
-    levelPtr->PaintCastle(matView); // these two hide the hero who goes into them
+    levelPtr->PaintCastle(matView); // castle and pipes hide the hero who goes into them
     levelPtr->PaintPipes(matView);
     EnemyList::GetSingleton()->Paint(matView);
     EntityList::GetSingleton()->Paint(matView);
@@ -224,7 +225,7 @@ void Quillfen::KeyPressed(TCHAR key) {
         break;
     case Action::keepStar: starCheat = !starCheat; break;
     case Action::quit: GameEngine::GetSingleton()->QuitGame(); break;
-    default: break; // the others are asked for while they are held
+    default: break; // the other actions happen while their key is held
     }
 }
 

@@ -12,7 +12,7 @@ struct SoundFile {
     std::size_t copyCount = 1;
 };
 
-// Both tables are in the order of opening, which numbers the sounds for the media interface.
+// Sounds are opened in the order of these tables; it decides their numbers for the media interface.
 constexpr SoundFile trackFiles[] = {
     {musicOverworld, "./Resources/Sound/Overworld.mp3"},
     {musicOverworldHurry, "Resources/Sound/OverworldHurry.mp3"},
@@ -21,7 +21,7 @@ constexpr SoundFile trackFiles[] = {
     {musicCastleComplete, "Resources/Sound/CastleComplete.mp3"},
 };
 
-// First what exists once, then what has copies.
+// Single sounds first, then those with copies.
 constexpr SoundFile effectFiles[] = {
     {effectTest, "Resources/Sound/Test.mp3"},
     {effectPipe, "Resources/Sound/Pipe.mp3"},

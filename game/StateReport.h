@@ -3,9 +3,8 @@
 #include "engine/DOUBLE2.h"
 #include "engine/RECT2.h"
 
-/// Takes what an object of the game remembers, field by field, for a trace of a play. A class names its fields once, in
-/// its Report; one that is made of parts lets each part report too, all under names that differ. The order does not
-/// count.
+/// Takes the fields of the game's objects, for the trace of a play. A class adds its fields in its Report and then
+/// calls the Report of its parts; no two fields of an object have the same name. Their order does not matter.
 class StateReport {
 public:
     virtual ~StateReport() = default;

@@ -43,7 +43,7 @@ bool Dorvak::Kill() {
 }
 
 RECT2 Dorvak::GetHitRect() {
-    constexpr int shellDrop = 9; // level pixels; the shell is that much lower than the cell
+    constexpr int shellDrop = 9; // level pixels between the top of the cell and the shell
     if (state == dying) return {};
     RECT2 box = GetCellRect();
     if (state != walking) {

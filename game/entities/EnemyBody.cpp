@@ -10,7 +10,7 @@ EnemyBody::EnemyBody(int x, int y, Bitmap* bitmapPtr, const EnemyKind& ownKind)
     : EnemyMaster(x, y, bitmapPtr), motion{DOUBLE2(x, y), {}}, strip(bitmapPtr, ownKind.cellCount), kind(ownKind) {}
 
 bool EnemyBody::BeginTick() {
-    constexpr double wakeDistance = 190.0; // level pixels, either side
+    constexpr double wakeDistance = 190.0; // level pixels to either side
     const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
     if (pelkoPos.x > motion.position.x - wakeDistance && motion.position.x + wakeDistance > pelkoPos.x) active = true;
     if (!active) return false;
@@ -24,7 +24,7 @@ void EnemyBody::HandleLevelCollision() {
     if (const auto ground =
             TerrainContact::Cast(DOUBLE2(x, y - strip.GetMiddleY()), height, TerrainContact::everySurface)) {
         motion.velocity.y = 0.0;
-        motion.position += ground->PushBack(); // whatever it meets counts as ground
+        motion.position += ground->PushBack(); // any surface counts as ground, wherever it lies on the ray
     }
 
     const DOUBLE2 width(strip.GetCellWidth(), 0);

@@ -5,8 +5,8 @@
 #include "game/entities/EnemyMaster.h"
 #include "game/entities/SpriteStrip.h"
 
-/// What the enemies share: they sleep until the hero comes near, walk and fall, stand on the level's outline, turn at
-/// its walls, and are drawn about their centre. A class of its own decides which state does which of these.
+/// What all enemies share: they sleep until the hero comes near, walk, fall, stand on the level's outline, turn at its
+/// walls, and are drawn about their centre. Each enemy's class decides what it does in which state.
 class EnemyBody : public EnemyMaster {
 public:
     void Release() override {}
@@ -23,21 +23,21 @@ protected:
     /// Borrows the bitmap and `kind`, which must outlive it.
     EnemyBody(int x, int y, Bitmap* bitmapPtr, const EnemyKind& kind);
 
-    /// Begins a tick: wakes the enemy, for good, when the hero is within 190 level pixels, and takes the horizontal
-    /// speed of the tick before away. False while it sleeps.
+    /// Begins a tick: sets the horizontal speed to 0. False while the enemy sleeps; it wakes when the hero is less than
+    /// 190 level pixels away, and stays awake.
     bool BeginTick();
     void AnimateWalk() { strip.Animate(8, 2); }
-    /// Pushes it where it faces; `push` times the seconds of this tick is the tick's speed.
+    /// Adds `push` times the tick's seconds to its speed, in the direction in which it walks.
     void Push(double push, double deltaTime) { motion.velocity.x += (movingLeft ? -push : push) * deltaTime; }
     bool HasFallenOut() const;
 
-    /// The cell about the position.
+    /// The cell, with its centre at the position.
     RECT2 GetCellRect() const;
-    /// Draws the cell with its centre on the position, scaled by -1 to mirror it.
+    /// Draws the cell with its centre at the position; a scale of -1 mirrors it.
     void PaintCentered(double scaleX, double scaleY, const MATRIX3X2& matView) const {
         strip.PaintCentered(motion.position, scaleX, scaleY, matView);
     }
-    /// The pictures face left.
+    /// Mirrors the picture, which faces left, for one that walks to the right.
     void PaintFacing(const MATRIX3X2& matView) const { PaintCentered(movingLeft ? 1.0 : -1.0, 1.0, matView); }
     void FillHitRect(COLOR color, const MATRIX3X2& matView);
 

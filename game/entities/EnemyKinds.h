@@ -5,12 +5,12 @@
 #include <memory>
 #include <span>
 
-/// A kind of enemy and how one is made: at its centre `x`, `y`, with the strip of the kind's picture, which must
-/// outlive it.
+/// A kind of enemy, and how one is made with its centre at `x`, `y`. The bitmap is the kind's picture and must outlive
+/// the enemy.
 struct EnemyMaker {
     const EnemyKind* kindPtr;
     std::unique_ptr<EnemyMaster> (*make)(int x, int y, Bitmap* bitmapPtr);
 };
 
-/// Every kind that there is, in the order in which their pictures are loaded.
+/// Every kind, in the order in which the pictures are loaded.
 std::span<const EnemyMaker> EnemyMakers();

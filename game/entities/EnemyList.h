@@ -8,11 +8,11 @@
 class EnemyList : public SlotList<EnemyMaster> {
 public:
     static constexpr int slotCount = 15;
-    /// The enemy here knocks out the others when it touches them: the place for the shelled one.
+    /// The enemy in this slot, the one with a shell, knocks out the others that it touches.
     static constexpr int shellSlot = slotCount - 1;
 
-    /// The first call reads the enemy file. Without the file a message is shown and there are no enemies; records
-    /// after the last slot are ignored.
+    /// The first call reads the enemy file. If it is missing, a message is shown and there are no enemies. Records are
+    /// ignored once every slot is taken.
     static EnemyList* GetSingleton() { return Singleton<EnemyList>::Get(); }
     virtual ~EnemyList();
     /// Deletes the dead and ticks the others.
@@ -23,9 +23,9 @@ public:
     void Kill(int index);
     void Stomp(int index);
     void SetMovingLeft(int index, bool movingLeft);
-    /// What the player gets for defeating it; 0 for an empty slot.
+    /// The points for defeating it; 0 for an empty slot.
     int GetPoints(int index) const { return At(index) ? At(index)->GetKind().points : 0; }
-    /// Whether a stomp turns it to where the hero faces; false for an empty slot.
+    /// Whether a stomp turns it to the side that the hero faces; false for an empty slot.
     bool IsTurnedByStomp(int index) const { return At(index) && At(index)->GetKind().isTurnedByStomp; }
 
 private:

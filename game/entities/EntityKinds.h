@@ -5,14 +5,14 @@
 #include <memory>
 #include <span>
 
-/// A kind of entity and how one is made: with its top-left corner at `x`, `y` and the strip of the kind's picture,
-/// which must outlive it. `variant` tells mushrooms apart.
+/// A kind of entity, and how one is made with its top-left corner at `x`, `y`. The bitmap is the kind's picture and
+/// must outlive the entity. `variant` is that of a mushroom.
 struct EntityKind {
     EntityType type;
-    BlockContent content; // that blocks release it for; contentNothing for one that no block holds
+    BlockContent content; // of the blocks that release it; contentNothing if no block does
     char const* picture;
     std::unique_ptr<EntityMaster> (*make)(int x, int y, Bitmap* bitmapPtr, int variant);
 };
 
-/// Every kind that there is, in the order in which their pictures are loaded.
+/// Every kind, in the order in which the pictures are loaded.
 std::span<const EntityKind> EntityKinds();

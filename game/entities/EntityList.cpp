@@ -5,7 +5,7 @@
 #include "game/entities/EntityKinds.h"
 
 namespace {
-// The placed coins and what the blocks of the level hold, so that a bump in play need not grow the list.
+// Room for the placed coins and for what the blocks hold, so that the list does not grow during play.
 constexpr std::size_t expectedCount = 128;
 } // namespace
 
@@ -14,7 +14,7 @@ EntityList::EntityList() : SlotList(expectedCount) {
 }
 
 void EntityList::AddEntity(DOUBLE2 position, int type, int variant) {
-    constexpr int depth = 14; // inside the block that releases it
+    constexpr int depth = 14; // level pixels below the top of the block that releases it
     const int x = static_cast<int>(position.x);
     const int y = static_cast<int>(position.y) + depth;
     const std::span<const EntityKind> kinds = EntityKinds();

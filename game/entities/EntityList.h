@@ -11,8 +11,8 @@ class EntityList : public SlotList<EntityMaster> {
 public:
     static EntityList* GetSingleton() { return Singleton<EntityList>::Get(); }
     virtual ~EntityList() = default;
-    /// Makes what a block releases, 14 pixels below `position` (the block's top-left corner). `type` is a
-    /// BlockContent; any other adds nothing. `variant` is the kind of a mushroom.
+    /// Adds what a block releases, 14 pixels below `position`, the block's top-left corner. `type` is a BlockContent;
+    /// any other number adds nothing. `variant` is that of a mushroom.
     void AddEntity(DOUBLE2 position, int type, int variant);
     /// Places the coins of the level.
     void CreateCoins();
@@ -21,14 +21,14 @@ public:
 
     // By index, 0 to GetSize() - 1
 
-    /// Gives the hero what the entity is good for.
+    /// The hero gets what the entity gives.
     void GiveTo(int index, Pelko& hero);
     void Collect(int index);
     void SetState(int index, int state);
 
     /// Empty slots included.
     int GetSize() const { return CountSlots(); }
-    /// -1 for anything but a mushroom.
+    /// -1 if it is not a mushroom.
     int GetMushroomVariant(int index) const;
 
 private:

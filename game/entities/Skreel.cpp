@@ -18,7 +18,7 @@ void Skreel::Tick(double deltaTime) {
         strip.Show(flatCell);
         --flattenedTicks;
         break;
-    case dying: // through the ground
+    case dying: // it falls through the ground
         strip.Show(0);
         motion.Fall(2 * Motion::gravity, deltaTime);
         break;

@@ -2,8 +2,8 @@
 
 #include "game/entities/EnemyBody.h"
 
-/// The enemy that walks. Stomped it lies flat for a moment and is gone; killed it hops and falls out of the level
-/// upside down.
+/// The enemy that walks. After a stomp it lies flat for a moment, then it disappears. When it is killed it hops and
+/// falls out of the level upside down.
 class Skreel : public EnemyBody {
 public:
     static constexpr EnemyKind kind = {.type = enemySkreel,
@@ -27,6 +27,6 @@ public:
 private:
     enum State : int { walking = 0, flattened = 1, dying = 2 };
 
-    int flattenedTicks = 30; // left to lie flat
+    int flattenedTicks = 30; // that it will still lie flat
     State state = walking;
 };

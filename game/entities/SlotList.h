@@ -12,8 +12,8 @@
 
 class StateReport;
 
-/// Things of the level in numbered slots. A number names the same thing for the whole game; a thing that is deleted
-/// leaves its slot empty. An empty slot, like a number behind the last one, takes every order and does nothing.
+/// Things of the level in numbered slots. A number belongs to the same thing for the whole game; a deleted thing leaves
+/// its slot empty. Operations on an empty slot, or on a number after the last one, do nothing.
 template <typename Thing>
 class SlotList {
 public:
@@ -27,7 +27,7 @@ public:
         ForEach([&](Thing& thing) { thing.PaintDebug(matView); });
     }
 
-    // By number, from 0 on
+    // By number, from 0
 
     void Move(int index, DOUBLE2 delta) {
         if (Thing* const thingPtr = At(index)) thingPtr->Move(delta);
@@ -41,7 +41,6 @@ public:
     DOUBLE2 GetPosition(int index) const { return At(index) ? At(index)->GetPosition() : DOUBLE2(); }
     /// -1 for an empty slot.
     int GetType(int index) const { return At(index) ? At(index)->GetType() : -1; }
-    /// Nothing for an empty slot.
     void Report(int index, StateReport& report) const {
         if (const Thing* const thingPtr = At(index)) thingPtr->Report(report);
     }
@@ -63,7 +62,7 @@ protected:
         for (const auto& thingPtr : slots)
             if (thingPtr) order(*thingPtr);
     }
-    /// Deletes the things for which `condition` holds; it is asked in the order of the slots.
+    /// Deletes the things for which `condition` is true, in the order of the slots.
     template <typename Condition>
     void DeleteWhere(Condition condition) {
         for (auto& thingPtr : slots)

@@ -5,8 +5,7 @@
 #include "game/entities/EntityMaster.h"
 #include "game/entities/SpriteStrip.h"
 
-/// What comes out of a block: its states and its picture. It has no box, no score and does not move unless its class
-/// says otherwise.
+/// The base of everything that comes out of a block: states, picture, and neutral answers to the rest.
 class BlockGift : public EntityMaster {
 public:
     void Paint(MATRIX3X2 matView) override;
@@ -21,15 +20,16 @@ public:
     void Report(StateReport& report) const override;
 
 protected:
-    /// `cellCount` is that of the bitmap.
+    /// `cellCount` is the number of cells in the bitmap, `startState` an EntityState.
     BlockGift(int x, int y, Bitmap* bitmapPtr, int cellCount, int startState);
 
-    /// A tick of rising, `speed` in level pixels / s. It becomes active in the tick that begins at `top` or above it.
+    /// One tick of rising, by `speed` in level pixels / s. A tick that begins at `top` or above makes it active
+    /// instead.
     void Rise(double top, double speed, double deltaTime);
     bool IsShown() const { return state == entityEmerging || state == entityActive; }
-    /// Pays the player, and is gone.
+    /// Gives the player 1000 points and makes it disappear.
     void PayPowerUp();
-    /// Draws under the world matrix that is set: the coins before it in the list set the view.
+    /// Uses the current world matrix: the coins, which come first in the list, have set the view.
     static void FillRect(RECT2 box, COLOR color);
 
     SpriteStrip strip;

@@ -27,7 +27,7 @@ void Coin::GiveTo(Pelko& /*hero*/) {
 }
 
 RECT2 Coin::GetHitRect() {
-    constexpr int inset = 3; // level pixels on either side; the coin itself is that much slimmer than its cell
+    constexpr int inset = 3; // level pixels at each side, where the cell is empty
     if (collected) return {};
     RECT2 box = strip.GetCellRect(position);
     box.left += inset;

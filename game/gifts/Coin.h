@@ -3,7 +3,7 @@
 #include "game/entities/EntityMaster.h"
 #include "game/entities/SpriteStrip.h"
 
-/// A spinning coin placed in the level. Once collected it is neither seen nor touched again, and keeps its slot.
+/// A spinning coin of the level. After it was collected it is not drawn and cannot be touched, but keeps its slot.
 class Coin : public EntityMaster {
 public:
     Coin(int x, int y, Bitmap* bitmapPtr);

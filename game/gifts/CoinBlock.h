@@ -8,7 +8,7 @@ public:
     CoinBlock(int x, int y, Bitmap* bitmapPtr);
     void Tick(double deltaTime) override;
     void PaintDebug(MATRIX3X2 /*matView*/) override {}
-    /// None: it is paid for already.
+    /// All zero: it has paid already.
     RECT2 GetHitRect() override { return {}; }
     void GiveTo(Pelko& /*hero*/) override {}
     int GetType() override { return entityCoinBlock; }

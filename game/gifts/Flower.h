@@ -2,7 +2,7 @@
 
 #include "game/gifts/BlockGift.h"
 
-/// Rises out of its block and stays on top of it. It can be touched when it has arrived. It gives the big hero fire.
+/// Rises out of its block and stays on top of it; only there can it be touched. It gives the big hero the fire form.
 class Flower : public BlockGift {
 public:
     Flower(int x, int y, Bitmap* bitmapPtr);

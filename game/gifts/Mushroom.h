@@ -2,13 +2,13 @@
 
 #include "game/gifts/WalkingPowerUp.h"
 
-/// Rises out of its block, then walks. It can be touched from the start. Only variant 0 makes a small hero grow.
+/// Rises out of its block, then walks. It can be touched at once. Only variant 0 makes a small hero grow.
 class Mushroom : public WalkingPowerUp {
 public:
     Mushroom(int x, int y, Bitmap* bitmapPtr, int variant);
     bool Take() override;
     void PaintDebug(MATRIX3X2 /*matView*/) override { FillRect(hitRect, COLOR(255, 0, 255, 150)); }
-    /// As of the last tick, also for one taken since.
+    /// As it was after the last tick, even if it has been taken since.
     RECT2 GetHitRect() override { return hitRect; }
     void GiveTo(Pelko& hero) override;
     int GetType() override { return entityMushroom; }

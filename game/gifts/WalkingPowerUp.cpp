@@ -27,7 +27,7 @@ void WalkingPowerUp::Report(StateReport& report) const {
     report.Add("targetY", targetY);
 }
 
-// Not a Rise: it goes on until it is above its target, and falls in the same tick.
+// Unlike Rise, this ends above the target, and in the tick in which it gets there.
 void WalkingPowerUp::LeaveBlock(double deltaTime) {
     constexpr double riseSpeed = 50.0; // level pixels / s
     if (motion.position.y >= targetY) motion.position.y -= riseSpeed * deltaTime;

@@ -2,8 +2,8 @@
 
 #include "game/gifts/BlockGift.h"
 
-/// What the mushroom and the star share: both walk, fall, stand on the level's outline and turn at its walls. That
-/// blocks hold them up is decided with the other contacts, through Move and ResetVelocity.
+/// What the mushroom and the star share: they walk, fall, stand on the level's outline and turn at its walls.
+/// CollisionList lets them stand on blocks, through Move and ResetVelocity.
 class WalkingPowerUp : public BlockGift {
 public:
     void Tick(double deltaTime) override;
@@ -13,11 +13,11 @@ public:
     void Report(StateReport& report) const override;
 
 protected:
-    /// Shows cell `cell` of the bitmap's `cellCount`, from the start in `startState`.
+    /// Shows cell `cell` of the bitmap's `cellCount` cells.
     WalkingPowerUp(int x, int y, Bitmap* bitmapPtr, int cellCount, int cell, int startState);
 
-    int targetY;   // a rising one is out of its block above this
-    RECT2 hitRect; // as of the last tick
+    int targetY;   // above this it has left its block
+    RECT2 hitRect; // after the last tick
 
 private:
     void LeaveBlock(double deltaTime);

@@ -6,19 +6,19 @@ class StateReport;
 /// Moves that the hero makes by himself.
 enum HeroMove : int { heroSinksIntoPipe = 0, heroWalksOutOfPipe = 1, heroWalksIntoCastle = 2 };
 
-/// Which of these moves run. The two through a pipe take 90 ticks together and end with a teleport; the walk into the
-/// castle has no end.
+/// Runs these moves. A move through a pipe takes 90 ticks and ends with a teleport; the walk into the castle does not
+/// end.
 class AutoMoves {
 public:
-    /// `move` is a HeroMove; anything else is ignored. Starting a move again starts the time again.
+    /// `move` is a HeroMove; any other number is ignored. All moves share one counter, which starts again.
     void Start(int move);
     /// Ends all of them.
     void End() { isSinking = isWalkingOut = isWalkingHome = false; }
-    /// A tick of each that runs. A teleport at the end of one ends the others too.
+    /// One tick of each move that runs. A teleport at the end of a move ends the others too.
     void Tick(Pelko& hero, double deltaTime);
 
     bool AreRunning() const { return isSinking || isWalkingOut || isWalkingHome; }
-    /// The hero goes through a pipe, and so through what is solid.
+    /// Whether the hero is in a pipe, where the solid outline does not stop him.
     bool AreInPipe() const { return isSinking || isWalkingOut; }
     void Report(StateReport& report) const;
 

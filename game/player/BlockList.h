@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <memory>
 
-/// The blocks of the level. An index (0 to blockCount - 1) names the same block for the whole game.
+/// The blocks of the level. An index, 0 to blockCount - 1, belongs to the same block for the whole game.
 class BlockList {
 public:
     static constexpr char const* picture = "Resources/Images/Blocks.bmp";
@@ -23,7 +23,7 @@ public:
 
     /// Takes one hit off the block.
     void DamageBlock(int index) { At(index).Damage(); }
-    /// The hero's head has hit the block: it jumps and gives what it holds.
+    /// The hero's head has hit the block: it jumps, and releases its content unless it is used up.
     void HitBlock(int index);
 
     /// All zero for a broken block.

@@ -26,7 +26,7 @@ void ForEachTouching(RECT2 box, List* listPtr, int count, Action act) {
     }
 }
 
-/// The same for those boxes only whose position is near `position`.
+/// The same, but only for boxes whose position is near `position`.
 template <typename List, typename Action>
 void ForEachTouchingNear(DOUBLE2 position, RECT2 box, List* listPtr, int count, Action act) {
     for (int i = 0; i < count; ++i) {
@@ -36,12 +36,12 @@ void ForEachTouchingNear(DOUBLE2 position, RECT2 box, List* listPtr, int count, 
     }
 }
 
-/// Where along an axis an overlap touches the hero: at neither end when it covers him, lies inside him or has no
+/// At which end of the hero an overlap lies along an axis. It is at none if it covers him, lies inside him or has no
 /// length.
 enum class Side { none, low, high };
 
-/// The hero reaches from `heroLow` to `heroHigh`, the overlap from `low` to `high`. The edges of an overlap are copies
-/// of the hero's, so they can be compared exactly.
+/// The hero reaches from `heroLow` to `heroHigh`, the overlap from `low` to `high`. Edges of the overlap are copies of
+/// the hero's edges, so they can be compared for equality.
 Side ContactSide(double heroLow, double heroHigh, double low, double high) {
     if (low > heroLow && high > heroLow && heroHigh > low && heroHigh == high) return Side::high;
     if (heroLow == low && high > heroLow && heroHigh > low && heroHigh > high) return Side::low;
@@ -56,7 +56,7 @@ Side HorizontalSide(RECT2 hero, RECT2 overlap) {
 /// Low is his head, high his feet.
 Side VerticalSide(RECT2 hero, RECT2 overlap) { return ContactSide(hero.top, hero.bottom, overlap.top, overlap.bottom); }
 
-/// Puts whatever of the list touches a block on top of it.
+/// Puts thing `index` of the list, which overlaps a block, on top of the block.
 template <typename List>
 void LiftOntoBlock(List* listPtr, int index, RECT2 overlap) {
     listPtr->Move(index, DOUBLE2(0, -(overlap.bottom - overlap.top)));
@@ -81,13 +81,13 @@ void BumpBlock(int index, RECT2 overlap) {
     pelkoPtr->BumpHead();
     pelkoPtr->Move(DOUBLE2(0, overlap.bottom - overlap.top));
     const int type = blocksPtr->GetType(index);
-    const bool isBreakable = type == blockTypeQuestion || type == blockTypeTreasure; // even by a small hero
+    const bool isBreakable = type == blockTypeQuestion || type == blockTypeTreasure; // a small hero can break it too
     if (pelkoPtr->GetFormState() != heroSmall || isBreakable) blocksPtr->DamageBlock(index);
     blocksPtr->HitBlock(index);
     Sound::GetSingleton()->PlaySound(effectBlockBump, soundPlay, 100);
 }
 
-/// While the hero is on the trigger and does `action`, the move through the pipe starts again on every tick.
+/// Starts the move through a pipe while the hero is on its strip and the player holds `action`; again on every tick.
 void EnterPipe(RECT2 trigger, Action action, int move, char const* debugLine) {
     Pelko* pelkoPtr = Pelko::GetSingleton();
     if (!Touch(pelkoPtr->GetHitRectVertical(), trigger)) return;
@@ -101,7 +101,7 @@ void EnterPipe(RECT2 trigger, Action action, int move, char const* debugLine) {
 
 void CollisionList::Tick(double) {
     if (!Pelko::GetSingleton()->IsInvulnerable()) {
-        // Vertical before horizontal: a stomp is judged before the side of the same enemy, a landing before the push.
+        // Vertical before horizontal: a stomp comes before a touch from the side, a landing before a push.
         CollideEnemiesVertical();
         CollideEnemiesHorizontal();
         CollideBlocksVertical();
@@ -122,7 +122,7 @@ void CollisionList::CollideEnemiesVertical() {
         GameEngine::OutputDebugString("AABB - Pelko + Enemy - Vertical \n");
         switch (VerticalSide(pelkoV, move)) {
         case Side::high: StompEnemy(index, move); break;
-        case Side::low: // it dropped onto his head: deadly in any form, and the star does not help
+        case Side::low: // it fell onto his head: that kills him in any form, even with star power
             Pelko::GetSingleton()->ResetVelocity(false, true);
             Pelko::GetSingleton()->SetAlive(false);
             break;
@@ -200,7 +200,7 @@ void CollisionList::CollidePipeExit() {
 void CollisionList::CollideFlagPole() {
     const RECT2 poleRect = Level::GetSingleton()->GetFlagpoleRect();
     const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
-    const DOUBLE2 polePos(poleRect.left, pelkoPos.y); // at his height: only the distance along the ground counts
+    const DOUBLE2 polePos(poleRect.left, pelkoPos.y); // at his height, so only the horizontal distance counts
     if (!AreNear(polePos, pelkoPos) || !Touch(poleRect, Pelko::GetSingleton()->GetHitRectHorizontal())) return;
     Level::GetSingleton()->SetFlagReached();
     if (!Level::GetSingleton()->IsFlagDown()) Sound::GetSingleton()->PlaySound(effectFlag, soundPlay, 100);

@@ -18,7 +18,7 @@ constexpr int ticksPerFrame = 6;
 constexpr int lifeTicks = 300;
 constexpr double farthestFromHero = 200.0; // level pixels to either side
 constexpr double speed = 170.0;            // level pixels / s
-constexpr DOUBLE2 gravity(0.0, 13.0);      // pixels per tick, each second: the fall depends on the frame rate
+constexpr DOUBLE2 gravity(0.0, 13.0);      // pixels per tick, gained in a second: the fall depends on the frame rate
 constexpr double bounce = 3.0;             // pixels per tick, taken off the fall
 } // namespace
 
@@ -49,7 +49,7 @@ void Fireball::EndWhenOldOrFar() {
 
 void Fireball::TickFlying(double deltaTime) {
     if (tickCounter % ticksPerFrame == 0) frame = (frame + 1) % flyingFrames;
-    // An explosion that one of these begins does not stop the others in the same tick.
+    // All of these run, even if one of them starts the explosion.
     BounceOffGround();
     ExplodeAtWall();
     ExplodeAtEnemy();
@@ -68,7 +68,7 @@ void Fireball::BounceOffGround() {
     const auto ground =
         TerrainContact::Cast(start, DOUBLE2(0.0, flyingStrip.GetCellHeight()), TerrainContact::enteredSurfaces);
     if (!ground) return;
-    velocity.y -= bounce; // off the fall, not instead of it: a faster fall bounces less high
+    velocity.y -= bounce; // subtracted, not set: after a faster fall it bounces less high
     position += ground->PushBack();
 }
 
@@ -85,7 +85,7 @@ void Fireball::ExplodeAtEnemy() {
         enemiesPtr->Kill(i);
         HUD::GetSingleton()->AddScore(enemiesPtr->GetPoints(i));
         Explode();
-        return; // one fireball, one enemy
+        return; // a fireball hits one enemy only
     }
 }
 
@@ -100,7 +100,7 @@ void Fireball::RollOnBlocks() {
 }
 
 void Fireball::Move(double deltaTime) {
-    hitRect = BoxAt(position); // before the move: the next tick's tests see where this one began
+    hitRect = BoxAt(position); // before the move: the tests of the next tick use the position of this one
     velocity.x = direction * speed * deltaTime;
     velocity += gravity * deltaTime;
     position += velocity;

@@ -12,7 +12,7 @@ class Bitmap;
 /// The hero's fireballs, and the pictures that they share.
 class Fireballs {
 public:
-    /// So many fly at most.
+    /// How many can fly at the same time.
     static constexpr int count = 2;
     static constexpr char const* flyingPicture = "Resources/Images/Fireball.bmp";
     static constexpr char const* explosionPicture = "Resources/Images/Explosion.bmp";
@@ -20,7 +20,7 @@ public:
     Fireballs();
     ~Fireballs();
 
-    /// Throws one with its centre at `position`, in level pixels, unless as many as may are flying.
+    /// Throws one with its centre at `position`, in level pixels, unless `count` are flying.
     void Throw(DOUBLE2 position);
     void Tick(double deltaTime);
     void Paint(const MATRIX3X2& matView);

@@ -29,7 +29,7 @@ HeroForms::Progress HeroForms::Grow() {
 }
 
 HeroForms::Progress HeroForms::Animate(Change change) {
-    constexpr int flickerTicks = 10; // for so long each of the two forms shows
+    constexpr int flickerTicks = 10; // each of the two forms shows for so many ticks
     const auto [oldForm, newForm] = changedForms[change];
     running[change] = true;
     if (--ticksLeft < 1) {

@@ -6,8 +6,8 @@ class StateReport;
 
 enum HeroForm : int { heroSmall = 0, heroBig = 1, heroFire = 2 };
 
-/// The hero's form, and its change into another: for 90 ticks the old and the new form take turns, then the new one
-/// stays. The form itself flickers, so that boxes and rays follow what is seen.
+/// The hero's form, and its changes. During a change the old and the new form take turns for 90 ticks, then the new one
+/// stays. The form itself changes each time, so boxes and rays fit the picture that is shown.
 class HeroForms {
 public:
     static constexpr int changeTicks = 90;
@@ -17,33 +17,33 @@ public:
     static constexpr int smallHeight = 16;
     static constexpr int bigHeight = 32;
 
-    /// What a tick of a change has come to.
+    /// The result of a tick of a change.
     enum class Progress { none, running, over };
 
     void Set(int newForm) { form = newForm; }
-    /// Before each tick: notes whether a change runs in it.
+    /// To be called at the start of each tick: notes whether a change is running.
     void BeginTick();
-    /// A tick of the change to the small form; none for one who is small already.
+    /// One tick of the change to the small form. `none` if he is small and no change is running.
     Progress Shrink();
-    /// A tick of the change to the next larger form; none for one who has fire already.
+    /// One tick of the change to the next larger form. `none` if he has the fire form and no change is running.
     Progress Grow();
-    /// Gives him the form that a running change leads to, at once.
+    /// Ends a running change at once, with its new form.
     void EndChange();
-    /// The change is over: nothing holds him any more.
+    /// After the last tick of a change: he can move again.
     void Release();
 
-    /// A HeroForm; any number that is none counts as small.
+    /// A HeroForm. Any other number counts as small.
     int Get() const { return form == heroBig || form == heroFire ? form : heroSmall; }
-    /// The number as it is. Only a HeroForm has a picture.
+    /// The number that was set, even if it is not a HeroForm; then there is no picture of it.
     int GetShown() const { return form; }
     int GetHeight() const { return Get() == heroSmall ? smallHeight : bigHeight; }
     bool IsChanging() const;
-    /// Whether a change ran when the tick began: he then hangs where he is.
+    /// Whether a change was running when the tick began. He does not move in such a tick.
     bool IsHeld() const { return isHeld; }
     void Report(StateReport& report) const;
 
 private:
-    /// The order counts: when a change has to end early, the first that runs names the form.
+    /// The order matters: if several are running when they have to end early, the first one decides the form.
     enum Change : int { bigToSmall, fireToSmall, smallToBig, bigToFire, changeCount };
 
     struct ChangedForms {

@@ -10,8 +10,8 @@ constexpr int walkColumns = 4; // 1 to 4
 constexpr int jumpColumn = 6;
 constexpr int deadColumn = 7;
 
-// The sheet has bands of a big row above a small one. The first band has the hero's own colours, the next eight those
-// of the star. The fire form's rows are the big ones of the band that lies two below.
+// The sheet consists of bands: a row of big cells above a row of small ones. Band 0 has the hero's own colours, bands 1
+// to 8 those of the star. The fire form uses the big row that is two bands further down.
 constexpr int bandHeight = HeroForms::bigHeight + HeroForms::smallHeight;
 constexpr int fireBand = 2;
 } // namespace

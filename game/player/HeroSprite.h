@@ -6,7 +6,7 @@
 
 class StateReport;
 
-/// The hero's picture: the states choose its column, form and star power the row.
+/// The hero's picture. His state decides the column of the sheet, his form and star power the row.
 class HeroSprite {
 public:
     static constexpr char const* picture = "Resources/Images/Pelkos.png";
@@ -16,10 +16,10 @@ public:
     void ShowStanding();
     void ShowJumping();
     void ShowDead();
-    /// A tick of walking: the next pose every six ticks.
+    /// One tick of walking: the pose changes every six ticks.
     void Walk();
-    /// `position` is the middle of the cell's top edge, in level pixels. A `form` that is no HeroForm draws nothing;
-    /// `band` are the colours that StarPower chooses.
+    /// `position` is the middle of the cell's top edge, in level pixels. If `form` is not a HeroForm, nothing is drawn.
+    /// `band` is that of StarPower.
     void Paint(DOUBLE2 position, bool facingRight, int form, int band, const MATRIX3X2& matView);
     void Report(StateReport& report) const;
 

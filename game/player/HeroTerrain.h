@@ -2,8 +2,9 @@
 
 struct Motion;
 
-// How the hero, `height` level pixels high, gets out of the level's outline after a move: first from walls, then from
-// the ground and from ceilings. The position is the middle of his top edge.
+// Both move the hero out of the level's outline, after each move of his own, and stop him in that direction. The
+// position is the middle of his top edge; `height` is his height, in level pixels.
 
 void PushOutOfWalls(Motion& motion, int height);
+/// And away from ceilings.
 void PutOnGround(Motion& motion, int height);

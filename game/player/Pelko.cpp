@@ -19,13 +19,14 @@ constexpr double brakeAcceleration = 400.0; // level pixels / s^2, also that of 
 constexpr double walkSpeed = 100.0;         // level pixels / s, the highest
 constexpr double standSpeed = 5.0;          // level pixels / s; friction stops anything slower
 constexpr double jumpSpeed = 335.0;         // level pixels / s
+constexpr double deathHopSpeed = 335.0;     // level pixels / s
 constexpr double stompBounceSpeed = 200.0;  // level pixels / s
-constexpr double fallingSpeed = 0.5;        // level pixels / s; anything faster has left the ground
+constexpr double fallingSpeed = 0.5;        // level pixels / s; faster than this he has left the ground
 constexpr double landedSpeed = 0.1;         // level pixels / s
 
 constexpr int hurtTicks = 180;
 
-constexpr double boxInset = 3.0;    // level pixels that the side box leaves free at head and feet
+constexpr double boxInset = 3.0;    // level pixels between the side box and his head, and his feet
 constexpr double throwHeight = 5.0; // level pixels from his top edge to a new fireball's centre
 } // namespace
 
@@ -34,7 +35,7 @@ Pelko::Pelko() { ReadDataFile(); }
 void Pelko::ReadDataFile() {
     DataFile file(chosenLevel.heroFile);
     DataRecord record;
-    while (file.ReadRecord("FormState:     ", record)) { // the last record counts
+    while (file.ReadRecord("FormState:     ", record)) { // a later record replaces an earlier one
         motion.position = DOUBLE2(record.x, record.y);
         forms.Set(record.value);
     }
@@ -46,11 +47,11 @@ void Pelko::Tick(double deltaTime) {
     UpdateInvulnerability();
     TickState();
     motion.velocity.x = std::clamp(motion.velocity.x, -walkSpeed, walkSpeed);
-    Travel(); // the states choose the velocity, this spends it
+    Travel(); // the states set the velocity, this uses it
     PassCheckpoint();
     StayInLevel();
     RespawnAfterFall();
-    StayOutOfTerrain(); // last: the rays must see where the move ended
+    StayOutOfTerrain(); // after all moves: the rays start where he is then
     if (!alive) Sound::GetSingleton()->PlaySound(effectDead, soundPlay, 100);
     star.Tick();
     fireballs.Tick(deltaTime);
@@ -180,7 +181,7 @@ void Pelko::Travel() {
 
 void Pelko::WalkFacingRight() {
     facingRight = true;
-    // A change of form that begins in this very tick keeps its state: nothing else would bring it to its end.
+    // If a change of form starts in this tick, its state must stay: otherwise the change would never end.
     if (!forms.IsChanging()) state = heroWalking;
 }
 
@@ -243,7 +244,7 @@ void Pelko::SetAlive(bool newAlive) {
         return;
     }
     SetState(heroDying);
-    motion.velocity = DOUBLE2(0.0, -jumpSpeed); // the death hop
+    motion.velocity = DOUBLE2(0.0, -deathHopSpeed);
 }
 
 void Pelko::SetState(int newState) {

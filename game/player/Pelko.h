@@ -21,12 +21,11 @@ enum HeroState : int {
     heroAirborne = 3,
     heroShrinking = 4,
     heroGrowing = 5,
-    heroChanged = 6, // the change of form is over; cleared on the next tick
+    heroChanged = 6, // his change of form is over; the next tick lets him stand
 };
 
-/// The hero: the one figure that the player steers. He moves by the arrow keys and by gravity, stays out of the level's
-/// solid outline, changes his form, carries star power, and owns his fireballs. What he touches besides the outline is
-/// found by CollisionList, which calls back here.
+/// The hero, whom the player steers. He moves by keys and gravity, stays out of the level's solid outline, changes his
+/// form, has star power, and owns his fireballs. CollisionList finds the other things that he touches, and calls back.
 /// His position is in level pixels: x is the middle of the sprite, y its top edge.
 class Pelko {
 public:
@@ -34,8 +33,8 @@ public:
     virtual ~Pelko() = default;
 
     void Tick(double deltaTime);
-    /// Besides painting this turns the star's colours, and the hero to where the arrow keys point, even while he cannot
-    /// move.
+    /// Each paint also changes the star's colours and turns the hero to the side whose key is held, even while he
+    /// cannot move.
     void Paint(MATRIX3X2 matView);
     void PaintDebug(MATRIX3X2 matView);
 
@@ -45,34 +44,34 @@ public:
     void SetPosition(double x, double y);
     void Move(DOUBLE2 delta) { motion.position += delta; }
     void ResetVelocity(bool x, bool y) { motion.ResetVelocity(x, y); }
-    /// Up again after landing on an enemy.
+    /// He has landed on an enemy and bounces up.
     void StompBounce();
-    /// Down again after hitting a block from below.
+    /// His head has hit a block: he falls again, at half the speed.
     void BumpHead();
-    /// The small hero dies of it, any other one becomes small. Nothing happens to one who is dying.
+    /// Kills the small hero and makes any other one small. Does nothing while he is dying.
     void Hurt();
-    /// Begins the change to the next larger form. Nothing happens to one who is dying.
+    /// Starts the change to the next larger form. Does nothing while he is dying.
     void Grow();
-    /// Makes him invincible for 300 ticks, to music.
+    /// Star power for 300 ticks, with its own music.
     void ActivateStar() { star.Activate(); }
-    /// False lets him die, whatever his form; true brings him back to life where he is, standing.
+    /// False kills him, whatever his form. True brings him back to life where he is, standing.
     void SetAlive(bool newAlive);
-    /// Going into the dying state ends a running change of form.
+    /// `newState` is a HeroState. The dying state ends a running change of form.
     void SetState(int newState);
     void SetFormState(int newForm) { forms.Set(newForm); }
-    /// Lasts until the next tick, which counts the invulnerable ticks down.
+    /// Until the next tick, which decides again by its counter.
     void SetInvulnerable(bool newInvulnerable) { invulnerable = newInvulnerable; }
-    /// `move` is a HeroMove; anything else is ignored. Starting a move again starts its time again.
+    /// `move` is a HeroMove; any other number is ignored. A move that is started again takes its whole time again.
     void StartAutoMove(int move) { autoMoves.Start(move); }
-    /// Turns him to the right and lets him walk where he stands, unless his form changes.
+    /// Turns him to the right and sets the walking state, unless his form is changing.
     void WalkFacingRight();
-    /// Throws a fireball unless two are flying.
+    /// Throws a fireball, unless fireballCount are flying.
     void ShootFireball();
-    /// To the start of the underground room.
+    /// Moves him to the start of the room below.
     void GoUnderground();
-    /// To the pipe that leads back up.
+    /// Moves him to the exit of that room.
     void ExitUnderground();
-    /// To the start of the level.
+    /// Moves him to the start of the level.
     void ResetToStart();
 
     // Questions
@@ -83,7 +82,7 @@ public:
     int GetWidth() const { return HeroForms::width; }
     bool IsFacingRight() const { return facingRight; }
     bool IsAlive() const { return alive; }
-    /// Then nothing touches him; true for a while after he was hurt and during a change of form.
+    /// Whether nothing can touch him: after he was hurt, and while his form changes.
     bool IsInvulnerable() const { return invulnerable; }
     bool IsStarActive() const { return star.IsActive(); }
     /// The box for contacts at his sides; all zero while nothing can touch him.
@@ -122,7 +121,7 @@ private:
     // What the states share
     bool IsFalling() const;
     void Jump();
-    /// Speeds up towards `direction` (-1 left, +1 right); against the current motion it brakes as well.
+    /// Speeds up towards `direction` (-1 left, +1 right). If he moves the other way, he also brakes.
     void Accelerate(int direction);
     void ApplyFriction();
     void FollowFormChange(HeroForms::Progress progress);

@@ -26,7 +26,7 @@ void StarPower::Tick() {
 
 int StarPower::NextBand() {
     constexpr int bandCount = 8;
-    constexpr int paintsPerSkip = 60; // one band is skipped every so many paints
+    constexpr int paintsPerSkip = 60; // so often one band is skipped
     if (isActive) {
         ++paintCount;
         if (paintCount % paintsPerSkip == 0) ++band;

@@ -2,23 +2,23 @@
 
 class StateReport;
 
-/// The hero's star power: 300 ticks, with music of its own and changing colours.
+/// The hero's star power. It lasts 300 ticks, with its own music and changing colours.
 class StarPower {
 public:
-    /// Starts it, or starts its time again.
+    /// Starts it. If it is on already, its time starts again.
     void Activate();
-    /// Counts down; when the time is over, the music of the level goes on.
+    /// Counts down. When the time is over, the music of the level plays again.
     void Tick();
-    /// The colours for this paint: 0 his own, 1 to 8 those of the star, which take turns. Writes the counters to the
-    /// debugger.
+    /// The band of the sprite sheet for this paint: 0 without star power, otherwise 1 to 8 in turn. Writes both
+    /// counters to the debugger.
     int NextBand();
-    /// Also in the tick in which the time runs out.
+    /// Still true in the tick in which the counter reaches 0.
     bool IsActive() const { return isActive; }
     void Report(StateReport& report) const;
 
 private:
     bool isActive = false;
-    int ticksLeft = 0; // goes on falling below 0
+    int ticksLeft = 0; // keeps falling below 0
     int paintCount = 0;
     int band = 0;
 };

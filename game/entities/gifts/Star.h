@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/gifts/WalkingPowerUp.h"
+#include "game/entities/gifts/WalkingPowerUp.h"
 
 /// Leaves its block at once and walks like the mushroom. It gives star power.
 class Star : public WalkingPowerUp {

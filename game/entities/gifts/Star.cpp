@@ -1,4 +1,4 @@
-#include "game/gifts/Star.h"
+#include "game/entities/gifts/Star.h"
 
 #include "game/player/Pelko.h"
 

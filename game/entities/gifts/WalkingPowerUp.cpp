@@ -1,4 +1,4 @@
-#include "game/gifts/WalkingPowerUp.h"
+#include "game/entities/gifts/WalkingPowerUp.h"
 
 #include "game/ChosenLevel.h"
 #include "game/StateReport.h"

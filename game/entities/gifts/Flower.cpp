@@ -1,4 +1,4 @@
-#include "game/gifts/Flower.h"
+#include "game/entities/gifts/Flower.h"
 
 #include "game/Sound.h"
 #include "game/StateReport.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/gifts/BlockGift.h"
+#include "game/entities/gifts/BlockGift.h"
 
 /// Rises out of its block and stays on top of it; only there can it be touched. It gives the big hero the fire form.
 class Flower : public BlockGift {

@@ -1,4 +1,4 @@
-#include "game/gifts/Mushroom.h"
+#include "game/entities/gifts/Mushroom.h"
 
 #include "game/Sound.h"
 #include "game/player/Pelko.h"

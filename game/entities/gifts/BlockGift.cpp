@@ -1,4 +1,4 @@
-#include "game/gifts/BlockGift.h"
+#include "game/entities/gifts/BlockGift.h"
 
 #include "engine/GameEngine.h"
 #include "game/HUD.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/gifts/BlockGift.h"
+#include "game/entities/gifts/BlockGift.h"
 
 /// The coin that pops out of a block. It pays when it appears, rises while it spins, and is gone after 20 ticks.
 class CoinBlock : public BlockGift {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/gifts/BlockGift.h"
+#include "game/entities/gifts/BlockGift.h"
 
 /// What the mushroom and the star share: they walk, fall, stand on the level's outline and turn at its walls.
 /// CollisionList lets them stand on blocks, through Move and ResetVelocity.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/gifts/WalkingPowerUp.h"
+#include "game/entities/gifts/WalkingPowerUp.h"
 
 /// Rises out of its block, then walks. It can be touched at once. Only variant 0 makes a small hero grow.
 class Mushroom : public WalkingPowerUp {

@@ -1,4 +1,4 @@
-#include "game/gifts/Coin.h"
+#include "game/entities/gifts/Coin.h"
 
 #include "engine/GameEngine.h"
 #include "game/HUD.h"

@@ -1,4 +1,4 @@
-#include "game/gifts/CoinBlock.h"
+#include "game/entities/gifts/CoinBlock.h"
 
 #include "game/HUD.h"
 #include "game/Sound.h"

@@ -23,7 +23,7 @@ struct D2D1_ROUNDED_RECT {
     float radiusY = 0.0F;
 };
 
-/// A picture made ready for drawing. Must not outlive its use by a running paint pass: destroy it outside.
+/// A picture made ready for drawing. Do not destroy it between drawing it and the end of that paint pass.
 class ID2D1Bitmap {
 public:
     virtual ~ID2D1Bitmap() = default;

@@ -75,23 +75,98 @@ constexpr POINT UnpackPoint(LPARAM parameter) {
 }
 } // namespace platform
 
-/// Virtual-key codes beyond letters and digits, which are their upper-case characters.
+/// Virtual-key codes beyond letters and digits, which are their upper-case characters. Those named OEM are punctuation:
+/// plus, comma, minus and period are the keys of these characters on every layout; of the others the comment says what
+/// an American keyboard has there.
 enum VirtualKey : int {
+    VK_CANCEL = 3,
     VK_BACK = 8,
     VK_TAB = 9,
+    VK_CLEAR = 12,
     VK_RETURN = 13,
-    VK_SHIFT = 16,
-    VK_CONTROL = 17,
-    VK_MENU = 18,
+    VK_SHIFT = 16,   ///< either Shift key; messages know only this code
+    VK_CONTROL = 17, ///< likewise
+    VK_MENU = 18,    ///< either Alt key, likewise
+    VK_PAUSE = 19,
+    VK_CAPITAL = 20, ///< Caps Lock
+    VK_KANA = 21,    ///< on a Korean keyboard Hangul
+    VK_KANJI = 25,   ///< on a Korean keyboard Hanja
     VK_ESCAPE = 27,
+    VK_CONVERT = 28,
+    VK_NONCONVERT = 29,
+    VK_MODECHANGE = 31,
     VK_SPACE = 32,
+    VK_PRIOR = 33, ///< Page Up
+    VK_NEXT = 34,  ///< Page Down
     VK_END = 35,
     VK_HOME = 36,
     VK_LEFT = 37,
     VK_UP = 38,
     VK_RIGHT = 39,
     VK_DOWN = 40,
+    VK_SELECT = 41,
+    VK_EXECUTE = 43,
+    VK_SNAPSHOT = 44, ///< Print Screen
+    VK_INSERT = 45,
     VK_DELETE = 46,
+    VK_HELP = 47,
+    VK_LWIN = 91,
+    VK_RWIN = 92,
+    VK_APPS = 93, ///< the key that opens a context menu
+    VK_SLEEP = 95,
     VK_NUMPAD0 = 96, ///< to VK_NUMPAD0 + 9
+    VK_MULTIPLY = 106,
+    VK_ADD = 107,
+    VK_SEPARATOR = 108,
+    VK_SUBTRACT = 109,
+    VK_DECIMAL = 110,
+    VK_DIVIDE = 111,
+    VK_F1 = 112, ///< to VK_F1 + 23
     VK_F10 = 121,
+    VK_NUMLOCK = 144,
+    VK_SCROLL = 145, ///< Scroll Lock
+    VK_LSHIFT = 160, ///< the keys of one side are asked for, never sent
+    VK_RSHIFT = 161,
+    VK_LCONTROL = 162,
+    VK_RCONTROL = 163,
+    VK_LMENU = 164,
+    VK_RMENU = 165,
+    VK_BROWSER_BACK = 166,
+    VK_BROWSER_FORWARD = 167,
+    VK_BROWSER_REFRESH = 168,
+    VK_BROWSER_STOP = 169,
+    VK_BROWSER_SEARCH = 170,
+    VK_BROWSER_FAVORITES = 171,
+    VK_BROWSER_HOME = 172,
+    VK_VOLUME_MUTE = 173,
+    VK_VOLUME_DOWN = 174,
+    VK_VOLUME_UP = 175,
+    VK_MEDIA_NEXT_TRACK = 176,
+    VK_MEDIA_PREV_TRACK = 177,
+    VK_MEDIA_STOP = 178,
+    VK_MEDIA_PLAY_PAUSE = 179,
+    VK_LAUNCH_MAIL = 180,
+    VK_LAUNCH_MEDIA_SELECT = 181,
+    VK_LAUNCH_APP1 = 182,
+    VK_LAUNCH_APP2 = 183,
+    VK_OEM_1 = 186, ///< ;
+    VK_OEM_PLUS = 187,
+    VK_OEM_COMMA = 188,
+    VK_OEM_MINUS = 189,
+    VK_OEM_PERIOD = 190,
+    VK_OEM_2 = 191,   ///< /
+    VK_OEM_3 = 192,   ///< `
+    VK_OEM_4 = 219,   ///< [
+    VK_OEM_5 = 220,   ///< backslash
+    VK_OEM_6 = 221,   ///< ]
+    VK_OEM_7 = 222,   ///< '
+    VK_OEM_102 = 226, ///< beside the left Shift, on keyboards that have a key there
 };
+
+namespace platform {
+/// The code that messages have for a key: that of either side for VK_LSHIFT to VK_RMENU, `virtualKey` for the others.
+constexpr int MessageKey(int virtualKey) {
+    const bool hasSide = virtualKey >= VK_LSHIFT && virtualKey <= VK_RMENU;
+    return hasSide ? VK_SHIFT + (virtualKey - VK_LSHIFT) / 2 : virtualKey;
+}
+} // namespace platform

@@ -1,10 +1,10 @@
 #include "game/entities/EntityKinds.h"
 
-#include "game/gifts/Coin.h"
-#include "game/gifts/CoinBlock.h"
-#include "game/gifts/Flower.h"
-#include "game/gifts/Mushroom.h"
-#include "game/gifts/Star.h"
+#include "game/entities/gifts/Coin.h"
+#include "game/entities/gifts/CoinBlock.h"
+#include "game/entities/gifts/Flower.h"
+#include "game/entities/gifts/Mushroom.h"
+#include "game/entities/gifts/Star.h"
 
 #include <algorithm>
 #include <type_traits>

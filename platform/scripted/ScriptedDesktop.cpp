@@ -2,110 +2,47 @@
 
 #include "platform/Media.h"
 #include "platform/Unicode.h"
+#include "platform/core/TimerSchedule.h"
+#include "platform/core/WorkerTurns.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace platform {
 
-/// Where the main thread and the one that sleeps on the desktop meet once a frame.
-struct ScriptedDesktop::Rendezvous {
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool asleep = false;
-    bool called = false; // the sleeper may do one round
-    bool ended = false;
-
-    void AwaitAsleep() {
-        std::unique_lock lock(mutex);
-        changed.wait(lock, [this] { return asleep || ended; });
-    }
-
-    /// Lets the sleeping thread do one round and returns when it sleeps again.
-    void RunOneRound() {
-        std::unique_lock lock(mutex);
-        called = true;
-        changed.notify_all();
-        changed.wait(lock, [this] { return (asleep && !called) || ended; });
-    }
-};
-
-class ScriptedDesktop::FrameSleeper : public Sleeper {
-public:
-    explicit FrameSleeper(std::shared_ptr<Rendezvous> sharedPtr) : rendezvousPtr(std::move(sharedPtr)) {}
-    ~FrameSleeper() override { Wake(); }
-
-    bool Sleep(int) override {
-        Rendezvous& meeting = *rendezvousPtr;
-        std::unique_lock lock(meeting.mutex);
-        meeting.asleep = true;
-        meeting.changed.notify_all();
-        meeting.changed.wait(lock, [&meeting] { return meeting.called || meeting.ended; });
-        meeting.asleep = false;
-        meeting.called = false;
-        return !meeting.ended;
-    }
-
-    void Wake() override {
-        const std::lock_guard lock(rendezvousPtr->mutex);
-        rendezvousPtr->ended = true;
-        rendezvousPtr->changed.notify_all();
-    }
-
-private:
-    std::shared_ptr<Rendezvous> rendezvousPtr;
-};
-
 /// The timers that run, on the frames' clock.
 struct ScriptedDesktop::Timers {
-    struct Entry {
-        std::function<void()> callback;
-        double period = 0.0; // seconds
-        double start = 0.0;
-        double calls = 0.0; // that have been made since the start
-        double NextCall() const { return start + (calls + 1.0) * period; }
-    };
-
-    /// Makes the calls that are due until `end`. A call may start, stop and destroy timers.
+    /// Makes the calls that are due until `end` seconds. A call may start, stop and destroy timers.
     void RunUntil(double end) {
-        constexpr double rounding = 1e-9;
-        for (;;) {
-            const auto next = std::min_element(running.begin(), running.end(), [](const auto& a, const auto& b) {
-                return a->NextCall() < b->NextCall();
-            });
-            if (next == running.end() || (*next)->NextCall() > end + rounding) break;
-            const std::shared_ptr<Entry> entryPtr = *next;
-            now = entryPtr->NextCall();
-            ++entryPtr->calls;
+        const TimerSchedule::Time last(std::llround(end * 1e9));
+        while (const auto next = schedule.NextCall()) {
+            if (*next > last) break;
+            now = *next;
+            const auto entryPtr = schedule.TakeCall(now);
             entryPtr->callback();
         }
-        now = end;
+        now = last;
     }
 
-    std::vector<std::shared_ptr<Entry>> running; // in the order in which they were started
-    double now = 0.0;                            // within a call: the time at which it is due
+    TimerSchedule schedule;
+    TimerSchedule::Time now{}; // within a call: the time at which it is due
 };
 
 class ScriptedDesktop::FrameTimer : public PeriodicTimer {
 public:
     FrameTimer(std::shared_ptr<Timers> sharedPtr, std::function<void()> callback)
-        : timersPtr(std::move(sharedPtr)), entryPtr(std::make_shared<Timers::Entry>()) {
+        : timersPtr(std::move(sharedPtr)), entryPtr(std::make_shared<TimerSchedule::Entry>()) {
         entryPtr->callback = std::move(callback);
     }
     ~FrameTimer() override { Stop(); }
 
-    void Start(int period) override {
-        Stop();
-        entryPtr->period = std::max(1, period) / 1000.0;
-        entryPtr->start = timersPtr->now;
-        entryPtr->calls = 0.0;
-        timersPtr->running.push_back(entryPtr);
-    }
-    void Stop() override { std::erase(timersPtr->running, entryPtr); }
+    void Start(int period) override { timersPtr->schedule.Start(entryPtr, period, timersPtr->now); }
+    void Stop() override { timersPtr->schedule.Stop(entryPtr); }
 
 private:
     std::shared_ptr<Timers> timersPtr;
-    std::shared_ptr<Timers::Entry> entryPtr;
+    std::shared_ptr<TimerSchedule::Entry> entryPtr;
 };
 
 /// Writes down every command before the silent player carries it out.
@@ -130,8 +67,9 @@ private:
     std::unique_ptr<MediaInterface> playerPtr;
 };
 
-ScriptedDesktop::ScriptedDesktop(double frameSeconds)
-    : secondsPerFrame(frameSeconds), timersPtr(std::make_shared<Timers>()) {}
+ScriptedDesktop::ScriptedDesktop(double frameSeconds, const Backend& backend)
+    : Desktop(backend), secondsPerFrame(frameSeconds), turnsPtr(std::make_unique<WorkerTurns>()),
+      timersPtr(std::make_shared<Timers>()) {}
 
 ScriptedDesktop::~ScriptedDesktop() { CloseMedia(); }
 
@@ -149,12 +87,14 @@ void ScriptedDesktop::SetKey(int virtualKey, bool isDown) {
 void ScriptedDesktop::PressKey(int virtualKey) {
     SetKey(virtualKey, true);
     if (MainWindow() == nullptr) return;
-    PostMessage(MainWindow(), WM_KEYDOWN, static_cast<WPARAM>(virtualKey), static_cast<LPARAM>(Modifiers()));
+    const auto key = static_cast<WPARAM>(MessageKey(virtualKey));
+    PostMessage(MainWindow(), WM_KEYDOWN, key, static_cast<LPARAM>(Modifiers()));
 }
 
 void ScriptedDesktop::ReleaseKey(int virtualKey) {
     SetKey(virtualKey, false);
-    if (MainWindow() != nullptr) PostMessage(MainWindow(), WM_KEYUP, static_cast<WPARAM>(virtualKey), 0);
+    const auto key = static_cast<WPARAM>(MessageKey(virtualKey));
+    if (MainWindow() != nullptr) PostMessage(MainWindow(), WM_KEYUP, key, 0);
 }
 
 void ScriptedDesktop::Type(int eventFrame, const std::wstring& text) {
@@ -179,13 +119,12 @@ WPARAM ScriptedDesktop::Modifiers() const {
 
 bool ScriptedDesktop::IsKeyDown(int virtualKey) const {
     const std::lock_guard lock(keyMutex);
-    return keys[virtualKey & 255];
+    if (keys[virtualKey & 255]) return true;
+    const int left = VK_LSHIFT + 2 * (virtualKey - VK_SHIFT);
+    return virtualKey >= VK_SHIFT && virtualKey <= VK_MENU && (keys[left] || keys[left + 1]);
 }
 
-std::unique_ptr<Sleeper> ScriptedDesktop::MakeSleeper() {
-    rendezvousPtr = std::make_shared<Rendezvous>();
-    return std::make_unique<FrameSleeper>(rendezvousPtr);
-}
+std::unique_ptr<Worker> ScriptedDesktop::StartWorker(Worker::Work work) { return turnsPtr->Start(std::move(work)); }
 
 std::unique_ptr<PeriodicTimer> ScriptedDesktop::MakeTimer(std::function<void()> callback) {
     return std::make_unique<FrameTimer>(timersPtr, std::move(callback));
@@ -216,7 +155,7 @@ void ScriptedDesktop::PumpEvents(bool wait) {
         // The program sleeps through this frame: time goes on without it.
         ++frame;
         stage = Stage::events;
-        const bool nothingWillHappen = endFrame < 0 && nextEvent == events.size() && timersPtr->running.empty();
+        const bool nothingWillHappen = endFrame < 0 && nextEvent == events.size() && !timersPtr->schedule.NextCall();
         if (nothingWillHappen) endFrame = frame;
     }
     if (stage == Stage::events) {
@@ -241,11 +180,9 @@ void ScriptedDesktop::BeginFrame() {
         PostMessage(MainWindow(), WM_DESTROY, 0, 0);
         return;
     }
-    // The thread must have finished its last round before keys change under it.
-    if (rendezvousPtr) rendezvousPtr->AwaitAsleep();
     timersPtr->RunUntil(Now());
     RunEvents();
-    if (rendezvousPtr) rendezvousPtr->RunOneRound();
+    turnsPtr->Run();
 }
 
 void ScriptedDesktop::RunEvents() {

@@ -1,4 +1,4 @@
-#include "platform/Pacer.h"
+#include "platform/core/screen/Pacer.h"
 
 #include <gtest/gtest.h>
 
@@ -28,8 +28,7 @@ TEST(Pacer, TimerDoesNotDriftWhenSleepsEndLate) {
     Loop loop;
     const Pacer::Time start = loop.Frame(0ms);
     for (int frame = 1; frame <= 10'000; ++frame) {
-        const Pacer::Time begin = loop.Frame(3ms);
-        ASSERT_EQ(begin, start + Pacer::Frames(frame));
+        ASSERT_EQ(loop.Frame(3ms), start + Pacer::Frames(frame));
         loop.now += std::chrono::microseconds(frame * 37 % 400); // the system wakes us when it pleases
     }
 }
@@ -63,20 +62,22 @@ TEST(Pacer, TakesOverFromADriverThatDoesNotWait) {
     Loop loop;
     loop.pacer.SetBlankRate(60.0);
     const Pacer::Time start = loop.Frame(2ms);
-    for (int frame = 1; frame <= 600; ++frame) ASSERT_GE(loop.Frame(2ms) - start, Pacer::Frames(1) * frame);
-    EXPECT_FALSE(loop.pacer.FollowsDisplay());
+    for (int frame = 1; frame <= 600; ++frame) {
+        ASSERT_GE(loop.Frame(2ms) - start, Pacer::Frames(1) * frame);
+        ASSERT_TRUE(frame < 20 || !loop.pacer.FollowsDisplay()) << "a third of a second is proof enough";
+    }
     EXPECT_LE(loop.now - start, Pacer::Frames(601));
 }
 
 TEST(Pacer, OtherDisplaysStillGiveSixtyFrames) {
     for (const int rate : {30, 50, 75, 120, 144, 240}) {
-        SCOPED_TRACE(rate);
         Loop loop;
         loop.pacer.SetBlankRate(rate);
+        EXPECT_FALSE(loop.pacer.FollowsDisplay());
         // A slower display is not waited for; that is its owner's job. A faster one may be.
         loop.blank = rate > 60 ? Pacer::Time(1'000'000'000 / rate) : 0ns;
         const Pacer::Time start = loop.Frame(2ms);
         for (int frame = 1; frame <= 600; ++frame) loop.Frame(2ms);
-        EXPECT_NEAR(std::chrono::duration<double>(loop.now - start).count(), 10.0, 0.02);
+        EXPECT_NEAR(std::chrono::duration<double>(loop.now - start).count(), 10.0, 0.02) << rate;
     }
 }

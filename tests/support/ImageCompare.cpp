@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
+
+using platform::Picture;
 
 namespace {
 
@@ -13,25 +16,16 @@ bool Differ(std::uint32_t a, std::uint32_t b, int tolerance) {
     return false;
 }
 
-/// Names the kept files after the running test, so that two failures do not overwrite each other.
-std::string FileStem(const std::string& name) {
+/// Where the pictures of the running test are kept, so that two failures do not overwrite each other.
+std::string PathStem(const std::string& name) {
+    const std::filesystem::path folder = std::filesystem::path(QUILLFEN_BUILD_DIR) / "pictures";
+    std::filesystem::create_directories(folder);
     std::string stem = name;
     if (const auto* infoPtr = testing::UnitTest::GetInstance()->current_test_info()) {
         stem = std::string(infoPtr->test_suite_name()) + "." + infoPtr->name() + "." + name;
     }
     std::replace(stem.begin(), stem.end(), '/', '-');
-    return stem;
-}
-
-testing::AssertionResult Failure(const std::string& what, const std::string& name, const platform::Picture& actual,
-                                 const platform::Picture& expected, const platform::Picture& difference) {
-    const std::filesystem::path folder = std::filesystem::path(QUILLFEN_BUILD_DIR) / "pictures";
-    std::filesystem::create_directories(folder);
-    const std::string stem = (folder / FileStem(name)).string();
-    platform::SavePng(stem + ".actual.png", actual);
-    if (!expected.pixels.empty()) platform::SavePng(stem + ".expected.png", expected);
-    if (!difference.pixels.empty()) platform::SavePng(stem + ".difference.png", difference);
-    return testing::AssertionFailure() << what << "; see " << stem << ".*.png";
+    return (folder / stem).string();
 }
 
 } // namespace
@@ -45,40 +39,35 @@ platform::Picture Copied(const platform::FrameView& frame) {
     return picture;
 }
 
-testing::AssertionResult LooksLike(const platform::Picture& actual, const platform::Picture& expected,
-                                   const std::string& name, int tolerance) {
-    if (actual.width != expected.width || actual.height != expected.height) {
-        return Failure("is " + std::to_string(actual.width) + " x " + std::to_string(actual.height) + " instead of " +
-                           std::to_string(expected.width) + " x " + std::to_string(expected.height),
-                       name, actual, expected, {});
-    }
-    constexpr std::uint32_t black = 0xFF000000U;
-    constexpr std::uint32_t white = 0xFFFFFFFFU;
-    platform::Picture difference(actual.width, actual.height, black);
+testing::AssertionResult LooksLike(const Picture& actual, const Picture& expected, const std::string& name,
+                                   int tolerance) {
+    Picture difference(actual.width, actual.height, 0xFF000000U);
+    std::ostringstream what;
     int count = 0;
-    POINT first;
-    for (int y = 0; y < actual.height; ++y) {
-        for (int x = 0; x < actual.width; ++x) {
-            if (!Differ(actual.At(x, y), expected.At(x, y), tolerance)) continue;
-            difference.At(x, y) = white;
-            if (count++ == 0) first = {x, y};
+    if (actual.width != expected.width || actual.height != expected.height) {
+        what << "is " << actual.width << " x " << actual.height << " instead of " << expected.width << " x "
+             << expected.height;
+    } else {
+        for (std::size_t index = 0; index < actual.pixels.size(); ++index) {
+            if (!Differ(actual.pixels[index], expected.pixels[index], tolerance)) continue;
+            difference.pixels[index] = 0xFFFFFFFFU;
+            if (count++ > 0) continue;
+            const auto width = static_cast<std::size_t>(actual.width);
+            what << "first differs at (" << index % width << ", " << index / width << "): " << std::hex
+                 << actual.pixels[index] << " instead of " << expected.pixels[index] << std::dec;
         }
+        if (count == 0) return testing::AssertionSuccess();
+        what << ", " << count << " pixels in all";
     }
-    if (count == 0) return testing::AssertionSuccess();
-    const auto hex = [](std::uint32_t pixel) {
-        char text[16];
-        std::snprintf(text, sizeof text, "%08X", static_cast<unsigned>(pixel));
-        return std::string(text);
-    };
-    return Failure(std::to_string(count) + " pixels differ, first (" + std::to_string(first.x) + ", " +
-                       std::to_string(first.y) + "): " + hex(actual.At(first.x, first.y)) + " instead of " +
-                       hex(expected.At(first.x, first.y)),
-                   name, actual, expected, difference);
+    const std::string stem = PathStem(name);
+    platform::SavePng(stem + ".actual.png", actual);
+    platform::SavePng(stem + ".expected.png", expected);
+    platform::SavePng(stem + ".difference.png", difference);
+    return testing::AssertionFailure() << what.str() << "; see " << stem << ".*.png";
 }
 
-testing::AssertionResult LooksLikeFile(const platform::Picture& actual, const std::string& path, int tolerance) {
-    const auto expected = platform::LoadPicture(path);
+testing::AssertionResult LooksLikeFile(const Picture& actual, const std::string& path, int tolerance) {
     const std::string name = std::filesystem::path(path).stem().string();
-    if (!expected) return Failure(path + " cannot be read", name, actual, {}, {});
-    return LooksLike(actual, *expected, name, tolerance);
+    return LooksLike(actual, platform::LoadPicture(path).value_or(Picture()), name, tolerance)
+           << " (file " << path << ")";
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/Canvas.h"
 #include "platform/ScriptedDesktop.h"
+#include "platform/core/ThreadWorker.h"
 #include "tests/support/ImageCompare.h"
 
 #include <memory>
@@ -20,7 +22,12 @@ public:
         bool lastWaited = false;
         bool canShow = true;
         bool keepsFrames = true;
+        bool hasThreads = false; // for workers that are started from now on
 
+        std::unique_ptr<platform::Worker> StartWorker(platform::Worker::Work work) override {
+            if (hasThreads) return platform::ThreadWorker::Start(std::move(work));
+            return ScriptedDesktop::StartWorker(std::move(work));
+        }
         bool Present(HWND window, const platform::FrameView& frame, bool waitForBlank) override {
             if (keepsFrames && frame.pixels != nullptr) shown = Copied(frame);
             ++framesShown;
@@ -62,4 +69,30 @@ private:
     }
 
     Desktop* desktopPtr;
+};
+
+/// A canvas to paint on; the stage keeps the frame it showed.
+class CanvasStage : public Stage {
+public:
+    CanvasStage(int width, int height, D2D1_PRESENT_OPTIONS present = D2D1_PRESENT_OPTIONS_NONE)
+        : canvasPtr(platform::CreateCanvas(nullptr, width, height, present)) {}
+
+    /// The frame that `paint` makes on a white canvas.
+    template <class Paint>
+    const platform::Picture& Frame(const Paint& paint) {
+        canvasPtr->BeginDraw();
+        canvasPtr->SetTransform({});
+        canvasPtr->Clear({1.0F, 1.0F, 1.0F, 1.0F});
+        paint(*canvasPtr);
+        canvasPtr->EndDraw();
+        return (*this)->shown;
+    }
+
+    std::unique_ptr<ID2D1Bitmap> MakeBitmap(platform::Picture picture) {
+        return canvasPtr->CreateBitmap(std::make_shared<const platform::Picture>(std::move(picture)));
+    }
+    ID2D1HwndRenderTarget& Canvas() { return *canvasPtr; }
+
+private:
+    std::unique_ptr<ID2D1HwndRenderTarget> canvasPtr;
 };

@@ -1,5 +1,5 @@
-#include "platform/SoundDecoder.h"
 #include "platform/SoundFile.h"
+#include "platform/sndfile/RecordingDecoder.h"
 #include "tests/support/TestSounds.h"
 #include "tools/build_sounds/Mastering.h"
 #include "tools/build_sounds/Player.h"

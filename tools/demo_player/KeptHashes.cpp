@@ -8,16 +8,21 @@
 
 namespace {
 
+/// The names of the words that differ, of the played line where it has a word.
 std::vector<std::string> DifferingNames(const std::string& kept, const std::string& played) {
     std::istringstream keptWords(kept);
     std::istringstream playedWords(played);
     std::vector<std::string> names;
-    for (std::string word; playedWords >> word;) {
+    while (true) {
         std::string keptWord;
+        std::string word;
         keptWords >> keptWord;
-        if (word != keptWord) names.push_back(word.substr(0, word.find('=')));
+        playedWords >> word;
+        if (word.empty() && keptWord.empty()) return names;
+        if (word == keptWord) continue;
+        const std::string& shown = word.empty() ? keptWord : word;
+        names.push_back(shown.substr(0, shown.find('=')));
     }
-    return names;
 }
 
 } // namespace

@@ -18,8 +18,6 @@ namespace {
 constexpr double lookAheadSeconds = 0.005;
 constexpr double recoverySeconds = 0.12;
 
-double FromDecibels(double decibels) { return std::pow(10.0, decibels / 20.0); }
-
 /// A high-pass of second order at 28 Hz: what is lower is felt rather than heard and takes room from the rest.
 void CutRumble(std::vector<float>& channel) {
     const double k = std::tan(std::numbers::pi * 28.0 / samplesPerSecond);

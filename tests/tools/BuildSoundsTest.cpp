@@ -59,6 +59,7 @@ TEST_F(BuildSounds, NamesFileAndLineOfWhatIsWrong) {
         {"tempo fast\n", ":1: ", "'fast' is not a number"},
         {"\n# a comment\ntempo 900\n", ":3: ", "not between 20 and 400"},
         {"tmepo 120\n", ":1: ", "unknown word 'tmepo'"},
+        {"patch p foo\n", ":1: ", "expected: patch NAME"},
         {"patch p\n  wave organ\n", ":2: ", "no wave named 'organ'"},
         {"patch p\n  pitch 0@50 3@20\n", ":2: ", "order of time"},
         {"  wave pulse\n", ":1: ", "outside a block"},

@@ -30,7 +30,7 @@ void PatchReader::BeginPatch(const ScoreFile& file) {
     file.Expect(2, 4, "patch NAME [like OTHER]");
     Patch fresh;
     if (words.size() > 2) {
-        file.Expect(words[2] == "like" ? 4 : 0, 4, "patch NAME [like OTHER]");
+        file.Expect(words[2] == "like" ? 4 : 5, 4, "patch NAME [like OTHER]");
         fresh = file.Find(patches, words[3], "patch");
     }
     patchPtr = &(patches[std::string(words[1])] = fresh);

@@ -1,4 +1,5 @@
 #include "platform/SoundFile.h"
+#include "platform/sndfile/RecordingDecoder.h"
 #include "tests/support/TestFolder.h"
 #include "tools/build_sounds/Mastering.h"
 #include "tools/build_sounds/Player.h"

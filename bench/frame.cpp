@@ -4,7 +4,7 @@
 #include "engine/GameEngine.h"
 #include "game/Quillfen.h"
 #include "platform/ScriptedDesktop.h"
-#include "platform/canvas/FrameMemory.h"
+#include "platform/core/canvas/FrameMemory.h"
 #include "tools/demo/Demo.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 
 #include "platform/Canvas.h"
 #include "platform/ScriptedDesktop.h"
-#include "platform/canvas/FrameMemory.h"
+#include "platform/core/canvas/FrameMemory.h"
 #include "tests/support/ReferencePainter.h"
 
 #include <cairo/cairo.h>

@@ -1,6 +1,7 @@
 // Short rays against outlines of growing size: HitRegion::Raycast beside an R-tree over the same segments.
 
 #include "engine/HitRegion.h"
+#include "platform/ScriptedDesktop.h"
 
 #define BOOST_ALLOW_DEPRECATED_HEADERS // the library includes some itself and would say so
 #include <boost/geometry.hpp>
@@ -126,6 +127,7 @@ std::pair<double, long> Measure(const std::vector<Ray>& rays, const Cast& cast) 
 } // namespace
 
 int main() {
+    platform::Desktop::Use(std::make_unique<platform::ScriptedDesktop>());
     const auto factoryPtr = platform::CreateGeometryFactory();
     std::printf("rays of %.0f pixels, nanoseconds each\n%9s %10s %10s %6s %14s %6s\n", rayLength, "segments",
                 "HitRegion", "R-tree", "ratio", "R-tree (boxes)", "ratio");

@@ -1,6 +1,6 @@
 // How exactly the thread of timers keeps real time: how late its calls come, and whether lateness adds up.
 
-#include "platform/TimerQueue.h"
+#include "platform/core/TimerQueue.h"
 
 #include <algorithm>
 #include <atomic>

@@ -3,18 +3,19 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Quillfen)
-set_target_properties(quillfen_platform PROPERTIES EXPORT_NAME platform)
-set_target_properties(quillfen_engine PROPERTIES EXPORT_NAME engine)
-install(TARGETS quillfen_platform quillfen_engine EXPORT QuillfenTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+# An author links Quillfen::engine, which brings the desktops along.
+target_link_libraries(quillfen_engine INTERFACE $<INSTALL_INTERFACE:Quillfen::desktops>)
+set(libraries engine core scripted desktops sdl native cairo pango clipper image openal sndfile fluidsynth)
+foreach(library ${libraries})
+    set_target_properties(quillfen_${library} PROPERTIES EXPORT_NAME ${library})
+endforeach()
+list(TRANSFORM libraries PREPEND quillfen_ OUTPUT_VARIABLE targets)
+install(TARGETS ${targets} EXPORT QuillfenTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillfen)
 install(EXPORT QuillfenTargets NAMESPACE Quillfen:: DESTINATION ${package_dir})
 
-# The headers in the folders below platform/, and these, are about how the layer is built, not about using it.
-set(inner_headers MediaCommand.h MediaPlayer.h Pacer.h SoundDecoder.h)
+# The headers in the folders below platform/ are about how the layer is built, not about using it.
 file(GLOB platform_headers CONFIGURE_DEPENDS platform/*.h)
-foreach(header ${inner_headers})
-    list(REMOVE_ITEM platform_headers ${PROJECT_SOURCE_DIR}/platform/${header})
-endforeach()
 file(GLOB engine_headers CONFIGURE_DEPENDS engine/*.h)
 install(FILES ${platform_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillfen/platform)
 install(FILES ${engine_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillfen/engine)

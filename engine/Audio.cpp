@@ -92,8 +92,11 @@ void Audio::SetVolume(int newVolume) {
 
 void Audio::Tick() {
     if (commandQueue.empty()) return;
-    Send(commandQueue.front());
-    commandQueue.erase(commandQueue.begin());
+    Send(commandQueue[sentCount++]);
+    // The sent ones leave together once they are half of all, so a command costs the same however many wait.
+    if (2 * sentCount < commandQueue.size()) return;
+    commandQueue.erase(commandQueue.begin(), commandQueue.begin() + static_cast<std::ptrdiff_t>(sentCount));
+    sentCount = 0;
 }
 
 LRESULT Audio::HandleNotification(HWND window, UINT message, WPARAM wParam, LPARAM) {
@@ -109,8 +112,7 @@ void Audio::TakeAlias() {
 
 void Audio::ExtractResource(int resourceID, String const& resourceType) const {
     // No step is checked: without the file, opening it fails.
-    std::filesystem::path const path =
-        platform::ToFilePath({fileName.C_str(), static_cast<std::size_t>(fileName.GetLength())});
+    std::filesystem::path const path = platform::ToFilePath(fileName.C_str());
     std::error_code ignored;
     std::filesystem::create_directory(path.parent_path(), ignored);
     auto const bytes = platform::FindResource(resourceID, resourceType.ToUtf8());

@@ -55,7 +55,8 @@ private:
     void Queue(String const& command);
     DWORD Send(String const& command, std::wstring* replyPtr = nullptr) const;
 
-    std::vector<String> commandQueue; // short, oldest first
+    std::vector<String> commandQueue; // oldest first
+    std::size_t sentCount = 0;        // of them, that have been sent and are still in the queue
     String fileName = L"";
     String alias = L""; // under which the media interface knows the file
     bool playing = false;

@@ -2,12 +2,14 @@
 
 #include "engine/GameEngine.h"
 #include "platform/Desktop.h"
+#include "platform/FilePath.h"
 #include "platform/Resources.h"
 
 #include <utility>
 
 Bitmap::Bitmap(String const& pictureFile) : fileName(pictureFile), resourceID(0) {
-    converterPtr = GameEngine::GetSingleton()->GetWICImagingFactory()->CreateConverterFromFile(fileName.ToUtf8());
+    converterPtr = GameEngine::GetSingleton()->GetWICImagingFactory()->CreateConverterFromFile(
+        platform::ToFilePath(fileName.C_str()));
     if (MakeDrawable()) return;
     GameEngine::GetSingleton()->MessageBox(String(L"IMAGE LOADING ERROR File ") + fileName);
     platform::ExitProcess(-1);

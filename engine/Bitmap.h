@@ -10,8 +10,8 @@
 /// onwards.
 class Bitmap {
 public:
-    /// Loads a picture file, relative to the working directory. If that fails the program ends with a message and exit
-    /// code -1.
+    /// Loads a picture file, relative to the working directory; backslashes separate folders as slashes do. If that
+    /// fails the program ends with a message and exit code -1.
     explicit Bitmap(String const& fileName);
     /// Loads the program's resource of type "IMAGE" with this number. If that fails a message is shown and the bitmap
     /// is empty: its size is 0 and drawing it draws nothing.

@@ -70,7 +70,8 @@ unsigned BoxIndex::Block::Touching(const Box& box) const {
     const float boxBottom = box.bottom;
     std::array<int, size> touches;
     for (std::size_t i = 0; i < size; ++i)
-        touches[i] = (left[i] <= boxRight) & (right[i] >= boxLeft) & (top[i] <= boxBottom) & (bottom[i] >= boxTop);
+        touches[i] =
+            int{left[i] <= boxRight} & int{right[i] >= boxLeft} & int{top[i] <= boxBottom} & int{bottom[i] >= boxTop};
     unsigned bits = 0;
     for (std::size_t i = 0; i < size; ++i) bits |= static_cast<unsigned>(touches[i]) << i;
     return bits;

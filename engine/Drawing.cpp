@@ -32,12 +32,6 @@ D2D1_ELLIPSE ToEllipse(DOUBLE2 centre, int radiusX, int radiusY) {
 DOUBLE2 ToDouble2(POINT point) { return {static_cast<double>(point.x), static_cast<double>(point.y)}; }
 DOUBLE2 ToDouble2(DOUBLE2 point) { return point; }
 
-std::wstring Widened(const std::string& text) {
-    std::wstring wide;
-    for (const char byte : text) wide += static_cast<wchar_t>(static_cast<unsigned char>(byte));
-    return wide;
-}
-
 /// The lines of a polygon, for whole and double coordinates alike.
 template <typename Point>
 bool DrawPolygonLines(GameEngine& engine, const Point pts[], int count, bool close, double strokeWidth) {
@@ -341,11 +335,11 @@ bool GameEngine::DrawString(String text, DOUBLE2 topLeft, double right, double b
 }
 
 bool GameEngine::DrawString(std::string text, int left, int top, int right, int bottom) {
-    return DrawString(String(Widened(text).c_str()), left, top, right, bottom);
+    return DrawString(Widened(text), left, top, right, bottom);
 }
 
 bool GameEngine::DrawString(std::string text, DOUBLE2 topLeft, double right, double bottom) {
-    return DrawString(String(Widened(text).c_str()), topLeft, right, bottom);
+    return DrawString(Widened(text), topLeft, right, bottom);
 }
 
 bool GameEngine::DrawCoordinateSystem(double size) {

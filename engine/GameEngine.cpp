@@ -4,8 +4,8 @@
 #include "platform/Desktop.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
-#include <utility>
 
 using platform::Desktop;
 
@@ -13,7 +13,7 @@ namespace {
 GameEngine* singletonPtr = nullptr;
 
 constexpr double longestStep = 0.05; // seconds; a stall never becomes one huge step
-constexpr int keyPollMilliseconds = 16;
+constexpr auto keyPollPeriod = std::chrono::milliseconds(16);
 
 int LowWord(LPARAM value) { return static_cast<int>(value & 0xFFFF); }
 int HighWord(LPARAM value) { return static_cast<int>(value >> 16 & 0xFFFF); }
@@ -31,13 +31,15 @@ GameEngine::GameEngine() : title(L"") {
     keyReleases.reserve(maxWatchedKeys);
     deliveredReleases.reserve(maxWatchedKeys);
     CreateDeviceIndependentResources();
-    keySleeperPtr = Desktop::Current().MakeSleeper();
-    keyThread = std::thread(KeyboardThreadEntry, this);
+    keyWorkerPtr = Desktop::Current().StartWorker([this](platform::Worker& worker) {
+        pollingWorkerPtr = &worker;
+        KeyboardThreadEntry(this);
+    });
 }
 
 GameEngine::~GameEngine() {
     consolePtr.reset();
-    StopKeyThread();
+    keyWorkerPtr.reset();
     frameClock.reset();
     gamePtr.reset();
     defaultFontPtr.reset();
@@ -55,28 +57,32 @@ int GameEngine::Run(HINSTANCE instance, int iCmdShow) {
     frameClock->Reset();
     gamePtr->GameInitialize(instance);
     if (!CreateGameWindow(iCmdShow)) {
-        StopKeyThread(); // the engine stays, but nothing may run on when the program ends
+        keyWorkerPtr.reset(); // the engine stays, but nothing may run on when the program ends
         return 0;
     }
     CreateDeviceResources();
     gamePtr->GameStart();
     Repaint();
+    return Desktop::Current().RunLoop([this] { return RunPass(); });
+}
 
+std::optional<int> GameEngine::RunPass() {
     Desktop& desktop = Desktop::Current();
+    DeliverKeyReleases(); // before the queue is looked at: a release may have ended the game
     platform::Message message;
-    while (message.message != WM_QUIT) {
-        DeliverKeyReleases(); // before the queue is looked at: a release may have ended the game
-        if (desktop.PeekMessage(message)) {
-            desktop.DispatchMessage(message);
-        } else if (!sleeping && runGameLoop) {
-            RunFrame();
-        } else {
-            desktop.WaitMessage();
+    if (desktop.PeekMessage(message)) {
+        desktop.DispatchMessage(message);
+        if (message.message == WM_QUIT) {
+            gamePtr->GameEnd();
+            delete this;
+            return static_cast<int>(message.wParam);
         }
+    } else if (!sleeping && runGameLoop) {
+        RunFrame();
+    } else {
+        desktop.WaitMessage();
     }
-    gamePtr->GameEnd();
-    delete this;
-    return static_cast<int>(message.wParam);
+    return std::nullopt;
 }
 
 void GameEngine::RunFrame() {
@@ -136,17 +142,25 @@ void GameEngine::ShowMousePointer(bool show) {
 
 bool GameEngine::GoFullscreen() {
     if (fullscreen || !Desktop::Current().SetFullscreen(true)) return false;
+    savedWindowPosition = GetWindowPosition();
+    SetCaption(false);
+    SetWindowPosition(0, 0);
     fullscreen = true;
-    Repaint();
     return true;
 }
 
 bool GameEngine::GoWindowedMode() {
     if (!fullscreen) return false;
     Desktop::Current().SetFullscreen(false);
+    SetCaption(true);
+    SetWindowPosition(savedWindowPosition.x, savedWindowPosition.y);
     fullscreen = false;
-    Repaint();
     return true;
+}
+
+void GameEngine::SetCaption(bool hasCaption) {
+    if (hWindow == nullptr) return;
+    hWindow->style = hasCaption ? hWindow->style | WS_CAPTION : hWindow->style & ~WS_CAPTION;
 }
 
 void GameEngine::TabNext(HWND childWindow) { MoveFocus(childWindow, +1); }
@@ -174,7 +188,7 @@ LRESULT GameEngine::HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_CREATE: SetWindow(window); return 0;
     case WM_DESTROY: desktop.PostQuitMessage(0); return 0;
     case WM_SIZE:
-        if (wParam == SIZE_MAXIMIZED) window->style &= ~WS_CAPTION;
+        if (wParam == SIZE_MAXIMIZED) SetCaption(false);
         return 0;
     case WM_ACTIVATE:
         SetSleep(wParam == WA_INACTIVE);
@@ -201,7 +215,9 @@ LRESULT GameEngine::HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_RBUTTONUP: return ForwardMouseButton(false, false, wParam, lParam);
     default: break;
     }
-    return desktop.DefaultWindowProcedure(window, message, wParam, lParam);
+    const LRESULT result = desktop.DefaultWindowProcedure(window, message, wParam, lParam);
+    if (desktop.MainWindow() == nullptr) SetWindow(nullptr); // the player has closed it
+    return result;
 }
 
 LRESULT GameEngine::ForwardMouseButton(bool isLeft, bool isDown, WPARAM wParam, LPARAM lParam) {
@@ -217,23 +233,10 @@ void GameEngine::SetKeyList(String newKeyList) {
 
 bool GameEngine::IsKeyDown(int vKey) const { return Desktop::Current().IsKeyDown(vKey); }
 
-void GameEngine::KeyboardThreadEntry(void* enginePtr) {
-    auto* const engine = static_cast<GameEngine*>(enginePtr);
-    engine->KeyboardThreadProc();
-    engine->keySleeperPtr->Wake(); // nobody has to wait for this thread's next round
-}
-
-void GameEngine::StopKeyThread() {
-    keyThreadRunning = false;
-    keySleeperPtr->Wake();
-    if (keyThread.joinable()) keyThread.join();
-}
+void GameEngine::KeyboardThreadEntry(void* enginePtr) { static_cast<GameEngine*>(enginePtr)->KeyboardThreadProc(); }
 
 DWORD GameEngine::KeyboardThreadProc() {
-    while (keyThreadRunning) {
-        PollKeys();
-        keySleeperPtr->Sleep(keyPollMilliseconds);
-    }
+    do { PollKeys(); } while (pollingWorkerPtr->Rest(keyPollPeriod));
     return 0;
 }
 
@@ -282,23 +285,18 @@ void GameEngine::OpenConsole() {
     consolePtr = std::make_unique<platform::Console>(consoleTitle.C_str());
 }
 
-void GameEngine::PrintToConsole(std::wstring_view text) {
-    if (consolePtr) consolePtr->PrintLine(text);
+void GameEngine::ConsolePrintString(String text) {
+    if (consolePtr) consolePtr->PrintLine(text.C_str());
 }
 
-void GameEngine::ConsolePrintString(String text) { PrintToConsole(text.C_str()); }
-
-void GameEngine::ConsolePrintString(std::string text) { PrintToConsole(std::wstring(text.begin(), text.end())); }
+void GameEngine::ConsolePrintString(std::string text) { ConsolePrintString(Widened(text)); }
 
 void GameEngine::ConsolePrintString(String text, int x, int y) {
     ConsoleSetCursorPosition(x, y);
     ConsolePrintString(text);
 }
 
-void GameEngine::ConsolePrintString(std::string text, int x, int y) {
-    ConsoleSetCursorPosition(x, y);
-    ConsolePrintString(std::move(text));
-}
+void GameEngine::ConsolePrintString(std::string text, int x, int y) { ConsolePrintString(Widened(text), x, y); }
 
 void GameEngine::ConsoleSetCursorPosition(int column, int row) {
     if (consolePtr) consolePtr->SetCursorPosition(column, row);
@@ -314,6 +312,12 @@ void GameEngine::ConsoleSetBackColor(bool red, bool green, bool blue, bool inten
 
 void GameEngine::ConsoleClear() {
     if (consolePtr) consolePtr->Clear();
+}
+
+String GameEngine::Widened(const std::string& text) {
+    String wide(L"");
+    for (const char byte : text) wide += byte;
+    return wide;
 }
 
 void GameEngine::Fail(wchar_t const* text) {

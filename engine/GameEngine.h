@@ -12,11 +12,10 @@
 #include "platform/Imaging.h"
 #include "platform/Types.h"
 
-#include <atomic>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 class Bitmap;
@@ -24,7 +23,7 @@ class HitRegion;
 
 namespace platform {
 class Console;
-class Sleeper;
+class Worker;
 } // namespace platform
 
 /// The engine: one window, the message and game loop, the keys, and the game's only canvas.
@@ -38,8 +37,10 @@ public:
 
     // Running a game
 
-    /// Takes the game over: the engine deletes it when it is destroyed itself.
-    void SetGame(AbstractGame* newGamePtr) { gamePtr.reset(newGamePtr); }
+    /// Takes the game over: the engine deletes it when it is destroyed itself, or given another one.
+    void SetGame(AbstractGame* newGamePtr) {
+        if (newGamePtr != gamePtr.get()) gamePtr.reset(newGamePtr);
+    }
     /// Runs the program to its end, then destroys the engine. The exit code of the quit message; 0 if the window cannot
     /// be made.
     int Run(HINSTANCE instance, int iCmdShow);
@@ -59,6 +60,7 @@ public:
     // Window
 
     bool CreateGameWindow(int iCmdShow);
+    /// Null before the window is made and after the player has closed it.
     HWND GetWindow() const { return hWindow; }
     void SetWindow(HWND window) { hWindow = window; }
     void SetTitle(String newTitle) { title = newTitle; }
@@ -75,10 +77,14 @@ public:
     WORD GetSmallIcon() const { return smallIconID; }
     /// Asks for a repaint of the whole window.
     void Repaint();
+    /// The top-left corner in screen pixels; (0, 0) without a window.
     POINT GetWindowPosition() const;
     void SetWindowPosition(int left, int top);
     void ShowMousePointer(bool show);
+    /// Fills the screen with the picture and moves the window to (0, 0). False if it cannot, or already does.
     bool GoFullscreen();
+    /// Back to the window, where it was before GoFullscreen; its style has the caption bits then. False if not in full
+    /// screen.
     bool GoWindowedMode();
     bool IsFullscreen() const { return fullscreen; }
     LRESULT HandleEvent(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -110,6 +116,7 @@ public:
     /// Opens the text console, once. The console operations do nothing before.
     void OpenConsole();
     void ConsolePrintString(String text);
+    /// Each byte is one character, here and wherever the engine takes a std::string.
     void ConsolePrintString(std::string text);
     void ConsolePrintString(String text, int x, int y);
     void ConsolePrintString(std::string text, int x, int y);
@@ -181,7 +188,6 @@ public:
     /// Wraps the text inside the box and clips it there; -1 for right or bottom is the edge of the canvas.
     bool DrawString(String text, int left, int top, int right, int bottom);
     bool DrawString(String text, DOUBLE2 topLeft, double right, double bottom);
-    /// Each byte is one character.
     bool DrawString(std::string text, int left, int top, int right, int bottom);
     bool DrawString(std::string text, DOUBLE2 topLeft, double right, double bottom);
 
@@ -204,12 +210,14 @@ public:
 
 protected:
     GameEngine();
-    /// Polls the watched keys every 16 ms until the engine ends. Runs on its own thread.
+    /// Polls the watched keys every 16 ms until the engine ends, on a thread of its own. On a desktop without threads
+    /// it is called before each frame and polls them once.
     virtual DWORD KeyboardThreadProc();
 
 private:
     static void KeyboardThreadEntry(void* enginePtr);
-    void StopKeyThread();
+    std::optional<int> RunPass();
+    void SetCaption(bool hasCaption);
     void MoveFocus(HWND childWindow, int direction);
     void PollKeys();
     void DeliverKeyReleases();
@@ -217,7 +225,7 @@ private:
     void D2DBeginPaint();
     bool D2DEndPaint();
     LRESULT ForwardMouseButton(bool isLeft, bool isDown, WPARAM wParam, LPARAM lParam);
-    void PrintToConsole(std::wstring_view text);
+    static String Widened(const std::string& text);
     [[noreturn]] void Fail(wchar_t const* text);
 
     static constexpr int maxWatchedKeys = 32;
@@ -231,16 +239,16 @@ private:
     int height = 0;
     bool sleeping = true;
     bool runGameLoop = false;
-    std::thread keyThread;
-    std::unique_ptr<platform::Sleeper> keySleeperPtr;
-    std::atomic<bool> keyThreadRunning = true;
-    std::mutex keyMutex; // guards the three below
+    std::unique_ptr<platform::Worker> keyWorkerPtr;
+    platform::Worker* pollingWorkerPtr = nullptr; // the same one, for its work alone
+    std::mutex keyMutex;                          // guards the three below
     std::vector<WORD> keyList;
     DWORD keyMonitor = 0;                // bit i: entry i was down at the last poll
-    std::vector<WORD> keyReleases;       // found by the key thread, not yet delivered
+    std::vector<WORD> keyReleases;       // found by the polls, not yet delivered
     std::vector<WORD> deliveredReleases; // main thread only; swaps memory with the above
     std::unique_ptr<AbstractGame> gamePtr;
     bool fullscreen = false;
+    POINT savedWindowPosition; // before GoFullscreen
     POINT mousePosition;
     bool isPainting = false;
     bool vSync = true;

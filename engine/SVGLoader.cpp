@@ -1,10 +1,10 @@
 #include "engine/SVGLoader.h"
 
+#include "engine/Decimal.h"
 #include "engine/GameEngine.h"
 #include "platform/FilePath.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <fstream>
 #include <initializer_list>
@@ -15,7 +15,6 @@ namespace {
 void Show(String const& message) { GameEngine::GetSingleton()->MessageBox(message); }
 
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Reads a text from left to right. A number that cannot be read fails the reader, as it does a stream: nothing can be
 /// read from then on.
@@ -42,15 +41,10 @@ public:
     /// A decimal number after any spaces: sign, digits, point, exponent.
     double ReadNumber() {
         SkipSpaces();
-        const bool hasPlus = rest.starts_with('+'); // from_chars knows only the other sign
-        const std::string_view number = rest.substr(hasPlus ? 1 : 0);
-        const std::string_view digits = number.substr(!hasPlus && number.starts_with('-') ? 1 : 0);
-        const bool isNumber = !digits.empty() && (IsDigit(digits.front()) || digits.front() == '.'); // not "inf"
         double value = 0.0;
-        const char* const end = number.data() + number.size();
-        const auto [numberEnd, error] = std::from_chars(number.data(), end, value);
-        const bool hasBareExponent = numberEnd != end && (*numberEnd == 'e' || *numberEnd == 'E');
-        if (failed || !isNumber || error != std::errc() || hasBareExponent) {
+        const auto [numberEnd, error] = ReadDecimal(rest, value);
+        const bool hasBareExponent = numberEnd != rest.data() + rest.size() && (*numberEnd == 'e' || *numberEnd == 'E');
+        if (failed || error != std::errc() || hasBareExponent) {
             failed = true;
             return 0.0;
         }

@@ -1,5 +1,6 @@
 #include "engine/String.h"
 
+#include "engine/Decimal.h"
 #include "platform/Unicode.h"
 
 #include <algorithm>
@@ -7,6 +8,10 @@
 #include <climits>
 #include <cwchar>
 #include <iterator>
+
+namespace {
+wchar_t Widened(char character) { return static_cast<wchar_t>(static_cast<unsigned char>(character)); }
+} // namespace
 
 String::String(wchar_t const* text) { Assign(text, static_cast<int>(std::wcslen(text))); }
 
@@ -22,7 +27,7 @@ String::String(char const* text) {
 
 String::String(wchar_t character) { Assign(&character, 1); }
 
-String::String(char character) : String(static_cast<wchar_t>(static_cast<unsigned char>(character))) {}
+String::String(char character) : String(Widened(character)) {}
 
 String::String(String const& other) : precision(other.precision) { Assign(other.textPtr, other.GetLength()); }
 
@@ -39,7 +44,7 @@ String& String::operator+=(String const& other) {
 String& String::operator+=(wchar_t const* text) { return *this += String(text); }
 String& String::operator+=(char const* text) { return *this += String(text); }
 String& String::operator+=(wchar_t character) { return Append(&character, 1); }
-String& String::operator+=(char character) { return *this += String(character); }
+String& String::operator+=(char character) { return *this += Widened(character); }
 
 String& String::operator+=(int number) {
     char digits[16];
@@ -80,7 +85,7 @@ bool String::StartsWith(String const& prefix) const {
     return prefix.GetLength() <= GetLength() && std::wmemcmp(textPtr, prefix.textPtr, prefix.GetLength()) == 0;
 }
 
-String String::SubStr(int index) const { return SubStr(index, GetLength() - index); }
+String String::SubStr(int index) const { return SubStr(index, GetLength() - std::max(index, 0)); }
 
 String String::SubStr(int index, int length) const {
     String part(L"");
@@ -117,7 +122,15 @@ int String::ToInteger() const {
     return static_cast<int>(std::clamp<long>(number, INT_MIN, INT_MAX));
 }
 
-double String::ToDouble() const { return std::wcstod(textPtr, nullptr); }
+double String::ToDouble() const {
+    const std::wstring_view text(textPtr, static_cast<std::size_t>(GetLength()));
+    const std::size_t start = std::min(text.find_first_not_of(L" \t\n\v\f\r"), text.size());
+    const std::size_t end = std::min(text.find_first_not_of(L"+-.0123456789eE", start), text.size());
+    const std::string number(textPtr + start, textPtr + end);
+    double value = 0.0;
+    ReadDecimal(number, value);
+    return value;
+}
 
 String& String::SetPrecision(int decimals) {
     precision = decimals;

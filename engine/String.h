@@ -62,6 +62,8 @@ public:
     String Trim() const;
     /// The number at the start of the text, 0 if there is none; a number out of range gives the nearest int.
     int ToInteger() const;
+    /// The decimal number at the start of the text, with a decimal point in every language; 0 if there is none or it is
+    /// out of range.
     double ToDouble() const;
 
     /// Decimals for numbers appended from now on; -1 is the default format. Returns this string, for chaining.

@@ -8,7 +8,7 @@ int Sensible(int delay) { return delay < 2 ? 1 : delay; }
 
 Timer::Timer(int newDelay, Callable* targetPtr)
     : delay(Sensible(newDelay)), timerPtr(platform::Desktop::Current().MakeTimer([this] { HandleExpiry(); })) {
-    AddActionListener(targetPtr);
+    Timer::AddActionListener(targetPtr);
 }
 
 Timer::~Timer() {

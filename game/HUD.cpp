@@ -3,6 +3,8 @@
 #include "engine/COLOR.h"
 #include "engine/GameEngine.h"
 #include "engine/MATRIX3X2.h"
+#include "game/ChosenLevel.h"
+#include "game/StateReport.h"
 
 #include <algorithm>
 #include <string>
@@ -38,7 +40,7 @@ void DrawPiece(Bitmap& bitmap, RECT piece, int x, int y) {
 }
 } // namespace
 
-HUD::HUD() : fontBitmap("Resources/Images/Font.bmp"), coinIconBitmap("Resources/Images/CoinIcon.bmp") {
+HUD::HUD() : fontBitmap(fontPicture), coinIconBitmap(coinPicture) {
     fontBitmap.SetTransparencyColor(0, 0, 1);
     coinIconBitmap.SetTransparencyColor(255, 0, 255);
 }
@@ -56,12 +58,12 @@ void HUD::Paint() {
     DrawBitmapText("PELKO", column1, row1);
     DrawBitmapText(ToPaddedString(score, 6), column1, row2);
     DrawBitmapText(String("x ") + coins, column2, row2);
-    DrawBitmapText("WORLD", column3, row1);
-    DrawBitmapText("1-1", column3 + rowHeight, row2);
+    DrawBitmapText(chosenLevel.worldLabel, column3, row1);
+    DrawBitmapText(chosenLevel.worldName, column3 + rowHeight, row2);
     DrawBitmapText("TIME", column4, row1);
     DrawBitmapText(String(" ") + ToPaddedString(time, 3), column4, row2);
     PaintDebug(false);
-    // The icon, one of six frames at three times its size, ends where the coins' text begins.
+    // Half the strip is three of its six frames, the icon's width on the screen: it ends where the coins' text begins.
     DrawCoinIcon(column2 - coinIconBitmap.GetWidth() / 2, row2);
 }
 
@@ -89,6 +91,14 @@ void HUD::AddCoin() {
     constexpr int pointsPerCoin = 200;
     ++coins;
     AddScore(pointsPerCoin);
+}
+
+void HUD::Report(StateReport& report) const {
+    report.Add("tickCount", tickCount);
+    report.Add("coinFrame", coinFrame);
+    report.Add("peakHold", peakHold);
+    report.Add("lastDelta", lastDelta);
+    report.Add("peakDelta", peakDelta);
 }
 
 void HUD::DrawBitmapText(String const& text, int x, int y) {

@@ -4,29 +4,35 @@
 #include "engine/String.h"
 #include "game/Singleton.h"
 
+class StateReport;
+
 /// Score, coins, world and time across the top of the window, and the clock of the game.
 class HUD {
 public:
+    static constexpr char const* fontPicture = "Resources/Images/Font.bmp";
+    static constexpr char const* coinPicture = "Resources/Images/CoinIcon.bmp";
+
     static HUD* GetSingleton() { return Singleton<HUD>::Get(); }
     virtual ~HUD() = default;
 
-    /// Advances the clock, by frames and not by seconds, and the coin's animation.
+    /// Advances the clock and the coin's animation. The clock counts ticks, not seconds.
     void Tick(double deltaTime);
-    /// In window pixels.
+    /// Paints in window coordinates.
     void Paint();
-    /// With `show`, a bar with the time of the last frame and of the longest one so far.
+    /// If `show` is true, paints a bar with the time of the last frame and of the longest frame so far.
     void PaintDebug(bool show);
 
     void AddScore(int points) { score += points; }
     /// A coin is worth 200 points.
     void AddCoin();
 
-    /// What is left; nothing happens at 0, it goes on below.
+    /// The time left. It falls below 0, and nothing happens then.
     int GetTime() const { return time; }
     int GetScore() const { return score; }
     int GetCoins() const { return coins; }
+    void Report(StateReport& report) const;
 
-    /// Draws `text` in the cells of the font picture, 24 x 24 window pixels each, from (`x`, `y`) to the right.
+    /// Draws `text` with the font picture. Its top-left corner is (`x`, `y`); a character takes 24 x 24 window pixels.
     void DrawBitmapText(String const& text, int x, int y);
     void DrawCoinIcon(int x, int y);
     /// The digits of `value`, with zeros before them up to `width` characters: -5 in three characters is "0-5".
@@ -36,12 +42,12 @@ private:
     friend class Singleton<HUD>;
     HUD();
 
-    int time = 400; // one for every 30 ticks
+    int time = 400; // falls by one every 30 ticks
     int tickCount = 0;
     int score = 0;
     int coins = 0;
     int coinFrame = 0;
-    int peakHold = 30;      // ticks until the peak counts: the first frames still load
+    int peakHold = 30;      // ticks until the peak is recorded: the first frames load files
     double lastDelta = 0.0; // seconds
     double peakDelta = 0.0;
     Bitmap fontBitmap;

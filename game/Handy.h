@@ -10,13 +10,17 @@ public:
     static Handy* GetSingleton() { return Singleton<Handy>::Get(); }
     virtual ~Handy() = default;
 
-    /// Touching edges overlap, and so does a box without width or height with whatever spans its line. The all-zero
-    /// rectangle is a point like any other here: ask HasBox first.
+    /// Boxes whose edges touch overlap. A box without width or height overlaps boxes that its line or point lies in.
+    /// The all-zero rectangle counts as the point (0, 0): ask HasBox first.
     bool RectsOverlap(RECT2 a, RECT2 b) const;
-    /// What two boxes have in common; all zero if they do not overlap. Each edge is a copy of an edge of `a` or `b`.
+    /// Whether both are boxes and overlap.
+    bool Touch(RECT2 a, RECT2 b) const { return HasBox(a) && HasBox(b) && RectsOverlap(a, b); }
+    /// The common part of two boxes; all zero if they do not overlap. Each edge is a copy of an edge of `a` or `b`.
     RECT2 GetIntersection(RECT2 a, RECT2 b) const;
-    /// Whether `p` lies less than `radius` from `q` on either axis.
+    /// Whether `p` is less than `radius` away from `q` on both axes.
     bool IsPointNear(DOUBLE2 p, DOUBLE2 q, int radius) const;
+    /// Whether two things are near enough to compare their boxes: less than 50 level pixels on both axes.
+    bool AreNear(DOUBLE2 p, DOUBLE2 q) const { return IsPointNear(p, q, 50); }
 
 private:
     friend class Singleton<Handy>;

@@ -3,56 +3,59 @@
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
 #include "engine/HitRegion.h"
+#include "game/ChosenLevel.h"
+#include "game/HUD.h"
 #include "game/Sound.h"
 #include "game/SpriteSheet.h"
+#include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
 namespace {
-// Level pixels; the top-left corners of pictures.
-constexpr DOUBLE2 castlePosition(3272.0, 0.0);
-constexpr DOUBLE2 pipeBigPosition(914.0, 136.0);
-constexpr DOUBLE2 pipeHorizontalPosition(208.0, 392.0);
-constexpr DOUBLE2 pipeSmallPosition(2610.0, 168.0);
+constexpr double flagpoleWidth = 2.0; // level pixels
+constexpr double flagSpeed = 120.0;   // level pixels per second
 
-constexpr DOUBLE2 flagpoleTop(3175.0, 40.0);
-constexpr double flagpoleWidth = 2.0;
-constexpr double flagpoleFootY = 184.0;
-constexpr double flagRight = 3176.0;
-constexpr double flagUpY = 41.0;
-constexpr double flagDownY = 162.0;
-constexpr double flagSpeed = 120.0; // level pixels per second
-
-constexpr int pipeEntryMargin = 3; // level pixels at each side of the pipe that do not let the hero in
+constexpr int pipeEntryMargin = 3; // level pixels at each side of the pipe where the hero cannot enter
 constexpr int pipeExitWidth = 9;
+
+std::vector<std::unique_ptr<Bitmap>> LoadPipes() {
+    std::vector<std::unique_ptr<Bitmap>> bitmaps;
+    for (const PipePlan& pipe : chosenLevel.pipes) bitmaps.push_back(std::make_unique<Bitmap>(pipe.picture));
+    return bitmaps;
+}
 } // namespace
 
 Level::Level()
-    : backgroundBitmapPtr(std::make_unique<Bitmap>("Resources/Images/World1-1.png")),
-      castleBitmapPtr(std::make_unique<Bitmap>("Resources/Images/CastleHalf.png")),
-      pipeBigBitmapPtr(std::make_unique<Bitmap>("Resources/Images/PipeVerticalBig.bmp")),
-      pipeHorizontalBitmapPtr(std::make_unique<Bitmap>("Resources/Images/PipeHorizontal.bmp")),
-      pipeSmallBitmapPtr(std::make_unique<Bitmap>("Resources/Images/PipeVerticalSmall.bmp")),
-      flagBitmapPtr(LoadSpriteSheet("Resources/Images/Flag.bmp")), collisionRegionPtr(std::make_unique<HitRegion>()) {
-    collisionRegionPtr->CreateFromFile("Resources/Images/World1-1_Collision.svg");
+    : backgroundBitmapPtr(std::make_unique<Bitmap>(chosenLevel.background)),
+      castleBitmapPtr(std::make_unique<Bitmap>(chosenLevel.castle.file)), pipeBitmaps(LoadPipes()),
+      flagBitmapPtr(LoadSpriteSheet(chosenLevel.flag.picture)), collisionRegionPtr(std::make_unique<HitRegion>()) {
+    collisionRegionPtr->CreateFromFile(chosenLevel.outline);
 
-    pipeEntryRectVertical = {pipeBigPosition.x + pipeEntryMargin, pipeBigPosition.y - 1.0,
-                             pipeBigPosition.x + pipeBigBitmapPtr->GetWidth() - pipeEntryMargin, pipeBigPosition.y};
-    const double pipeFloorY = pipeHorizontalPosition.y + pipeHorizontalBitmapPtr->GetHeight();
-    pipeEntryRectHorizontal = {pipeHorizontalPosition.x - pipeExitWidth, pipeFloorY - 1.0, pipeHorizontalPosition.x,
-                               pipeFloorY};
-    flagpoleRect = {flagpoleTop.x, flagpoleTop.y, flagpoleTop.x + flagpoleWidth, flagpoleFootY};
-    flagPosition = {flagRight - flagBitmapPtr->GetWidth(), flagUpY};
+    PlacePipeEntries();
+    const FlagPlan& flag = chosenLevel.flag;
+    flagpoleRect = {flag.poleTop.x, flag.poleTop.y, flag.poleTop.x + flagpoleWidth, flag.poleFootY};
+    flagPosition = DOUBLE2(flag.flagRight - flagBitmapPtr->GetWidth(), flag.upY);
 }
 
 Level::~Level() = default;
 
+void Level::PlacePipeEntries() {
+    for (std::size_t i = 0; i < pipeBitmaps.size(); ++i) {
+        const auto& [picture, x, y, use] = chosenLevel.pipes[i];
+        const Bitmap& bitmap = *pipeBitmaps[i];
+        const int floorY = y + bitmap.GetHeight();
+        if (use == pipeLeadsDown)
+            pipeEntryRectVertical = RECT2(x + pipeEntryMargin, y - 1, x + bitmap.GetWidth() - pipeEntryMargin, y);
+        if (use == pipeLeadsOut) pipeEntryRectHorizontal = RECT2(x - pipeExitWidth, floorY - 1, x, floorY);
+    }
+}
+
 void Level::Tick(double deltaTime) {
     if (flagReached) {
-        // Tested before it moves: the flag may pass its place by one step and is set back on the next tick.
-        if (flagPosition.y < flagDownY) {
+        // The test comes before the move, so the flag may go one step too far; the next tick sets it back.
+        if (flagPosition.y < chosenLevel.flag.downY) {
             flagPosition.y += flagSpeed * deltaTime;
         } else {
-            flagPosition.y = flagDownY;
+            flagPosition.y = chosenLevel.flag.downY;
             flagDown = true;
         }
     }
@@ -69,12 +72,12 @@ void Level::Paint(MATRIX3X2 matView) {
     enginePtr->DrawBitmap(flagBitmapPtr.get(), flagPosition);
 }
 
-void Level::PaintCastle(MATRIX3X2 matView) { PaintAt(castleBitmapPtr.get(), castlePosition, matView); }
+void Level::PaintCastle(MATRIX3X2 matView) { PaintAt(castleBitmapPtr.get(), chosenLevel.castle.position, matView); }
 
 void Level::PaintPipes(MATRIX3X2 matView) {
-    PaintAt(pipeBigBitmapPtr.get(), pipeBigPosition, matView);
-    PaintAt(pipeHorizontalBitmapPtr.get(), pipeHorizontalPosition, matView);
-    PaintAt(pipeSmallBitmapPtr.get(), pipeSmallPosition, matView);
+    for (std::size_t i = 0; i < pipeBitmaps.size(); ++i) {
+        PaintAt(pipeBitmaps[i].get(), DOUBLE2(chosenLevel.pipes[i].x, chosenLevel.pipes[i].y), matView);
+    }
 }
 
 void Level::PaintDebug(MATRIX3X2 matView) {
@@ -94,9 +97,20 @@ void Level::PaintDebugPipes(MATRIX3X2 matView) {
     enginePtr->FillRect(pipeEntryRectHorizontal);
 }
 
+void Level::StartMusic(const MusicPlan& music) {
+    constexpr int hurryTime = 100; // at this time on the HUD, and below it, the music hurries
+    Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music.calm : music.hurried, soundPlay,
+                                     volumeUnchanged);
+}
+
 int Level::GetWidth() const { return backgroundBitmapPtr->GetWidth(); }
 
 int Level::GetHeight() const { return backgroundBitmapPtr->GetHeight(); }
+
+void Level::Report(StateReport& report) const {
+    report.Add("flagReached", flagReached);
+    report.Add("flagPosition", flagPosition);
+}
 
 void Level::PaintAt(Bitmap* bitmapPtr, DOUBLE2 position, const MATRIX3X2& matView) {
     GameEngine* const enginePtr = GameEngine::GetSingleton();

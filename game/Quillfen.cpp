@@ -1,40 +1,55 @@
 #include "game/Quillfen.h"
 
 #include "engine/GameEngine.h"
+#include "game/Actions.h"
+#include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
 #include "game/Level.h"
 #include "game/Sound.h"
+#include "game/StateReport.h"
+#include "game/entities/EnemyKinds.h"
 #include "game/entities/EnemyList.h"
+#include "game/entities/EntityKinds.h"
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
 #include "game/player/CollisionList.h"
 #include "game/player/Pelko.h"
-#include "platform/Messages.h"
 
 #include <algorithm>
 #include <iostream>
 #include <numbers>
+#include <string>
+#include <vector>
 
 namespace {
 constexpr int scale = 4;       // window pixels per level pixel
 constexpr int viewWidth = 256; // level pixels
 constexpr int viewHeight = 224;
-constexpr double followMargin = 80.0; // level pixels from the view's left edge that the hero gets before it follows
-
-// The underground room lies below the left end of the overworld; all in level pixels.
-constexpr DOUBLE2 undergroundView(0.0, 224.0);
-constexpr double undergroundRight = 255.0;
+constexpr double followMargin =
+    80.0; // level pixels between the view's left edge and the hero's, when the camera follows him
 
 constexpr double freeCameraSpeed = 300.0;           // level pixels / s
 constexpr double freeCameraTurn = std::numbers::pi; // radians / s
 constexpr double freeCameraZoom = 1.0;              // level pixels per window pixel, each second
-constexpr double lowestView = 224.0;                // level pixels
 constexpr double unzoomed = 1.0 / scale;
 
-constexpr int flushTicks = 15; // how long a position may wait before a reader of the output gets it
+constexpr int flushTicks = 15; // the output is flushed once in so many ticks
 
 Quillfen* singletonPtr = nullptr;
+
+/// Every picture, in the order in which the first frame asks for them.
+std::vector<std::string> PicturesOfTheFirstFrame() {
+    std::vector<std::string> pictures;
+    for (const EntityKind& kind : EntityKinds()) pictures.emplace_back(kind.picture);
+    pictures.insert(pictures.end(), {chosenLevel.background, chosenLevel.castle.file});
+    for (const PipePlan& pipe : chosenLevel.pipes) pictures.emplace_back(pipe.picture);
+    pictures.insert(pictures.end(), {chosenLevel.flag.picture, HUD::fontPicture, HUD::coinPicture, HeroSprite::picture,
+                                     Fireballs::flyingPicture, Fireballs::explosionPicture});
+    for (const EnemyMaker& maker : EnemyMakers()) pictures.emplace_back(maker.kindPtr->picture);
+    pictures.emplace_back(BlockList::picture);
+    return pictures;
+}
 } // namespace
 
 Quillfen* Quillfen::GetSingleton() {
@@ -51,27 +66,15 @@ void Quillfen::GameInitialize(HINSTANCE hInstance) {
     enginePtr->RunGameLoop(true);
     enginePtr->SetWidth(scale * viewWidth);
     enginePtr->SetHeight(scale * viewHeight);
-    String keys(L"EQOUPI");
-    for (const VirtualKey key : {VK_SPACE, VK_ESCAPE, VK_HOME, VK_END, VK_DELETE, VK_ESCAPE, VK_TAB}) {
-        keys += static_cast<wchar_t>(key);
-    }
-    enginePtr->SetKeyList(keys);
+    enginePtr->SetKeyList(ReleasedKeys());
     enginePtr->SetVSync(true);
-    // Decoded while the window opens, in the order in which the first frame asks for them.
-    enginePtr->GetWICImagingFactory()->Prefetch(
-        {"Resources/Images/Coin.bmp", "Resources/Images/CoinBlock.bmp", "Resources/Images/Flower.bmp",
-         "Resources/Images/Mushroom.bmp", "Resources/Images/Star.bmp", "Resources/Images/World1-1.png",
-         "Resources/Images/CastleHalf.png", "Resources/Images/PipeVerticalBig.bmp",
-         "Resources/Images/PipeHorizontal.bmp", "Resources/Images/PipeVerticalSmall.bmp", "Resources/Images/Flag.bmp",
-         "Resources/Images/Font.bmp", "Resources/Images/CoinIcon.bmp", "Resources/Images/Pelkos.png",
-         "Resources/Images/Fireball.bmp", "Resources/Images/Explosion.bmp", "Resources/Images/Skreel.bmp",
-         "Resources/Images/Dorvak.bmp", "Resources/Images/Blocks.bmp"});
+    enginePtr->GetWICImagingFactory()->Prefetch(PicturesOfTheFirstFrame()); // decoded while the window opens
 }
 
 void Quillfen::GameStart() {
     GameEngine* const enginePtr = GameEngine::GetSingleton();
     enginePtr->SetBitmapInterpolationModeNearestNeighbor();
-    Sound::GetSingleton()->PlayMusic(musicOverworld, soundPlay, volumeUnchanged);
+    Sound::GetSingleton()->PlayMusic(chosenLevel.music.calm, soundPlay, volumeUnchanged);
     cameraZoom = unzoomed;
     fontPtr = std::make_unique<Font>("emulogic", 24.0F);
     enginePtr->SetFont(fontPtr.get());
@@ -117,10 +120,11 @@ void Quillfen::UpdateCamera() {
     cameraPosition.x = std::max(cameraPosition.x, pelkoPos.x - half - followMargin); // it never goes back
     StopCameraAtLevelEnd();
     if (cameraPosition.x > pelkoPos.x - half) {
-        pelkoPtr->SetPosition(half + cameraPosition.x, Pelko::keepCoordinate); // nor does he leave the view
+        pelkoPtr->SetPosition(half + cameraPosition.x, Pelko::keepCoordinate); // and he cannot leave the view
     }
-    if (pelkoPos.y > undergroundView.y && pelkoPos.x > 0.0 && pelkoPos.x < undergroundRight && pelkoPtr->IsAlive()) {
-        cameraPosition = undergroundView;
+    const RoomPlan& room = chosenLevel.room;
+    if (pelkoPos.y > room.top && pelkoPos.x > room.left && pelkoPos.x < room.right && pelkoPtr->IsAlive()) {
+        cameraPosition = room.view;
     } else {
         cameraPosition.y = 0.0;
     }
@@ -133,20 +137,19 @@ void Quillfen::StopCameraAtLevelEnd() {
 }
 
 void Quillfen::UpdateFreeCamera(double deltaTime) {
-    const auto isDown = [](int key) { return GameEngine::GetSingleton()->IsKeyDown(key); };
-    if (isDown(VK_NUMPAD0 + 6)) cameraAngle += freeCameraTurn * deltaTime;
-    if (isDown(VK_NUMPAD0 + 4)) cameraAngle -= freeCameraTurn * deltaTime;
-    if (isDown(VK_NUMPAD0 + 8)) cameraZoom += freeCameraZoom * deltaTime;
-    if (isDown(VK_NUMPAD0 + 2)) cameraZoom -= freeCameraZoom * deltaTime;
-    if (isDown(VK_NUMPAD0 + 5)) {
+    if (IsHeld(Action::turnRight)) cameraAngle += freeCameraTurn * deltaTime;
+    if (IsHeld(Action::turnLeft)) cameraAngle -= freeCameraTurn * deltaTime;
+    if (IsHeld(Action::zoomOut)) cameraZoom += freeCameraZoom * deltaTime;
+    if (IsHeld(Action::zoomIn)) cameraZoom -= freeCameraZoom * deltaTime;
+    if (IsHeld(Action::resetCamera)) {
         cameraAngle = 0.0;
         cameraZoom = unzoomed;
     }
-    if (isDown('W')) cameraPosition.y -= freeCameraSpeed * deltaTime;
-    if (isDown('S')) cameraPosition.y += freeCameraSpeed * deltaTime;
-    if (isDown('A')) cameraPosition.x -= freeCameraSpeed * deltaTime;
-    if (isDown('D')) cameraPosition.x += freeCameraSpeed * deltaTime;
-    cameraPosition.y = std::clamp(cameraPosition.y, 0.0, lowestView);
+    if (IsHeld(Action::cameraUp)) cameraPosition.y -= freeCameraSpeed * deltaTime;
+    if (IsHeld(Action::cameraDown)) cameraPosition.y += freeCameraSpeed * deltaTime;
+    if (IsHeld(Action::cameraLeft)) cameraPosition.x -= freeCameraSpeed * deltaTime;
+    if (IsHeld(Action::cameraRight)) cameraPosition.x += freeCameraSpeed * deltaTime;
+    cameraPosition.y = std::clamp(cameraPosition.y, 0.0, chosenLevel.lowestView);
     cameraPosition.x = std::max(cameraPosition.x, 0.0);
     StopCameraAtLevelEnd();
 }
@@ -154,13 +157,13 @@ void Quillfen::UpdateFreeCamera(double deltaTime) {
 void Quillfen::PrintHeroPosition() {
     const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
     std::cout << "Position Pelko: " << pelkoPos.x << ", " << pelkoPos.y << '\r';
-    if (--ticksUntilFlush > 0) return; // not on every tick, which would cost a system call each
+    if (--ticksUntilFlush > 0) return; // a system call on every tick would be too expensive
     ticksUntilFlush = flushTicks;
     std::cout.flush();
 }
 
 void Quillfen::GamePaint(RECT /*rect*/) {
-    // the camera's place in the level: scale, then rotate, then translate; the view undoes it
+    // The camera's place in the level: scale, then rotate, then translate. The view is the inverse.
     const MATRIX3X2 matCameraScale = MATRIX3X2::CreateScalingMatrix(cameraZoom);
     const MATRIX3X2 matCameraRotate = MATRIX3X2::CreateRotationMatrix(cameraAngle);
     const MATRIX3X2 matCameraTranslate = MATRIX3X2::CreateTranslationMatrix(cameraPosition);
@@ -171,7 +174,7 @@ void Quillfen::GamePaint(RECT /*rect*/) {
     Level* const levelPtr = Level::GetSingleton();
     levelPtr->Paint(matView);
     Pelko::GetSingleton()->Paint(matView);
-    levelPtr->PaintCastle(matView); // these two hide the hero who goes into them
+    levelPtr->PaintCastle(matView); // castle and pipes hide the hero who goes into them
     levelPtr->PaintPipes(matView);
     EnemyList::GetSingleton()->Paint(matView);
     EntityList::GetSingleton()->Paint(matView);
@@ -193,38 +196,49 @@ void Quillfen::PaintDebug(const MATRIX3X2& matView) {
 
 void Quillfen::KeyPressed(TCHAR key) {
     Pelko* const pelkoPtr = Pelko::GetSingleton();
-    switch (key) {
-    case 'E': Toggle(debugMode, L"Debug mode: "); break;
-    case 'Q': Toggle(freeCamera, L"Free camera mode: "); break;
-    case 'P':
+    const std::optional<Action> action = ActionOfRelease(key);
+    if (!action) return;
+    switch (*action) {
+    case Action::showBoxes: Toggle(debugMode, L"Debug mode: "); break;
+    case Action::freeCamera: Toggle(freeCamera, L"Free camera mode: "); break;
+    case Action::pause:
         Sound::GetSingleton()->PlaySound(effectTest, soundPlay, 100);
         paused = !paused;
         break;
-    case 'U': pelkoPtr->SetFormState(heroSmall); break;
-    case 'I': pelkoPtr->SetFormState(heroBig); break;
-    case 'O': pelkoPtr->SetFormState(heroFire); break;
-    case VK_HOME:
+    case Action::becomeSmall: pelkoPtr->SetFormState(heroSmall); break;
+    case Action::becomeBig: pelkoPtr->SetFormState(heroBig); break;
+    case Action::becomeFire: pelkoPtr->SetFormState(heroFire); break;
+    case Action::goToStart:
         pelkoPtr->ResetToStart();
         pelkoPtr->SetAlive(true);
         pelkoPtr->SetState(heroStanding);
         cameraPosition = DOUBLE2(0.0, 0.0);
         break;
-    case VK_END:
+    case Action::goToRoom:
         pelkoPtr->GoUnderground();
-        pelkoPtr->SetPosition(50.0, 300.0);
-        cameraPosition = DOUBLE2(0.0, Level::GetSingleton()->GetHeight() / 2);
+        pelkoPtr->SetPosition(chosenLevel.room.debugStart.x, chosenLevel.room.debugStart.y);
+        cameraPosition = DOUBLE2(0.0, Level::GetSingleton()->GetMiddleY());
         break;
-    case VK_DELETE: pelkoPtr->ExitUnderground(); break;
-    case VK_SPACE:
+    case Action::leaveRoom: pelkoPtr->ExitUnderground(); break;
+    case Action::throwFireball:
         if (pelkoPtr->GetFormState() == heroFire) pelkoPtr->ShootFireball();
         break;
-    case VK_TAB: starCheat = !starCheat; break;
-    case VK_ESCAPE: GameEngine::GetSingleton()->QuitGame(); break;
-    default: break;
+    case Action::keepStar: starCheat = !starCheat; break;
+    case Action::quit: GameEngine::GetSingleton()->QuitGame(); break;
+    default: break; // the other actions happen while their key is held
     }
 }
 
 void Quillfen::Toggle(bool& mode, wchar_t const* name) {
     mode = !mode;
     GameEngine::OutputDebugString(String(name) + static_cast<int>(mode) + L"\n");
+}
+
+void Quillfen::Report(StateReport& report) const {
+    report.Add("debugMode", debugMode);
+    report.Add("freeCamera", freeCamera);
+    report.Add("paused", paused);
+    report.Add("starCheat", starCheat);
+    report.Add("angle", cameraAngle);
+    report.Add("zoom", cameraZoom);
 }

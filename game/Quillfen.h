@@ -8,8 +8,10 @@
 
 #include <memory>
 
-/// The game: it drives every part of itself once per frame in a fixed order, keeps the camera, and turns single keys
-/// into actions.
+class StateReport;
+
+/// The game: it ticks and paints its parts once per frame in a fixed order, moves the camera, and carries out the
+/// actions of released keys.
 class Quillfen : public AbstractGame, public Callable {
 public:
     /// The one game, made on the first call. Give it to the engine, which deletes it.
@@ -30,6 +32,9 @@ public:
     void SetCameraPosition(double x, double y) { cameraPosition = DOUBLE2(x, y); }
     /// The level position of the window's top-left corner.
     DOUBLE2 GetCameraPosition() const { return cameraPosition; }
+    /// Whether the debug view is drawn. Its text depends on the fonts of the machine.
+    bool ShowsDebug() const { return debugMode; }
+    void Report(StateReport& report) const;
 
 private:
     Quillfen() = default;

@@ -2,9 +2,8 @@
 
 #include <memory>
 
-/// Keeps the one object of a class of the game: made by the first Get, deleted by Destroy, made anew by a Get after
-/// that. The class has a private constructor, befriends Singleton<itself> and offers Get as its own static
-/// GetSingleton.
+/// Keeps the one object of a class. The first Get makes it, Destroy deletes it, and the next Get makes another one. The
+/// class has a private constructor, befriends Singleton<itself> and offers Get as its own static GetSingleton.
 template <typename Object>
 class Singleton {
 public:

@@ -10,7 +10,7 @@
 
 class Audio;
 
-// What the rest of the game asks for, by number.
+// The numbers by which the game asks for sounds. A new one needs a row in Sound.cpp.
 enum SoundEffect : int {
     effectTest = 0,
     effectJump = 1,
@@ -24,7 +24,8 @@ enum SoundEffect : int {
     effectGameOver = 9,
     effectBlockBreak = 10,
     effectFireballThrow = 11,
-    effectFlag = 12
+    effectFlag = 12,
+    effectCount
 };
 enum Music : int {
     musicOverworld = 0,
@@ -32,24 +33,25 @@ enum Music : int {
     musicUnderworld = 2,
     musicUnderworldHurry = 3,
     musicCastleComplete = 4,
-    musicStarrush = 5
+    musicStarrush = 5, // played by the effect of the same name
+    musicCount
 };
 enum SoundAction : int { soundStop = 0, soundPlay = 1, soundPause = 2 };
 constexpr int volumeUnchanged = -1;
 
-/// Every track and every effect of the game. Frequent effects have several copies that take turns, so that they can
-/// overlap themselves.
+/// Every track and every effect of the game. A frequent effect has several copies, which take turns: so it can sound
+/// again before it has ended.
 class Sound {
 public:
     /// The first call opens all sound files.
     static Sound* GetSingleton() { return Singleton<Sound>::Get(); }
     virtual ~Sound();
 
-    /// Plays, pauses or stops an effect, then sets its volume: 0 to 100, or volumeUnchanged. What plays already is not
-    /// started again. Unknown numbers are ignored.
+    /// Plays, pauses or stops an effect, then sets its volume: 0 to 100, or volumeUnchanged. A sound that plays already
+    /// goes on playing. Unknown numbers are ignored.
     void PlaySound(int id, int action, int volume);
-    /// Plays, pauses or stops a track. One that starts pauses the others, and goes on from where it was paused itself;
-    /// the star music is stopped instead and always starts from its beginning.
+    /// Plays, pauses or stops a track. A track that starts pauses the others, and continues where it was paused itself.
+    /// The star music is stopped instead, so it always starts from its beginning.
     void PlayMusic(int id, int action, int volume);
     /// Lets every sound send one of its commands; once a frame.
     void Tick(double deltaTime);
@@ -57,9 +59,6 @@ public:
 private:
     friend class Singleton<Sound>;
     Sound();
-
-    static constexpr std::size_t trackCount = 5; // beside the star music, which is also an effect
-    static constexpr std::size_t effectCount = 13;
 
     struct Effect {
         std::vector<std::unique_ptr<Audio>> copies;
@@ -70,6 +69,6 @@ private:
     Audio* TrackPtr(int id) const;
     static void Request(Audio* audioPtr, int action, int volume);
 
-    std::array<std::unique_ptr<Audio>, trackCount> tracks;
-    std::array<Effect, effectCount> effects; // by number
+    std::array<std::unique_ptr<Audio>, musicCount> tracks; // by number; null for the star music
+    std::array<Effect, effectCount> effects;               // by number
 };

@@ -3,11 +3,13 @@
 #include "platform/Messages.h"
 #include "platform/Types.h"
 #include "platform/Window.h"
+#include "platform/Worker.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +21,7 @@ namespace platform {
 class Control;
 class MediaInterface;
 class TimerQueue;
+struct Backend;
 
 struct Message {
     HWND window = nullptr;
@@ -33,16 +36,6 @@ struct FrameView {
     int width = 0;
     int height = 0;
     int stride = 0;
-};
-
-/// Lets a thread other than the main one sleep, so that it can be woken when it is no longer needed.
-class Sleeper {
-public:
-    virtual ~Sleeper() = default;
-    /// Sleeps for `milliseconds` of the desktop's time. False at once, from then on, when Wake has been called.
-    virtual bool Sleep(int milliseconds) = 0;
-    /// Ends the running sleep and every later one.
-    virtual void Wake() = 0;
 };
 
 /// Calls back again and again at a fixed period. Destroying it stops it, and waits for a call that is running on
@@ -63,7 +56,8 @@ public:
 /// Everything is called on the main thread unless marked "any thread".
 class Desktop {
 public:
-    Desktop();
+    /// The libraries that programs on this desktop draw, decode and play with; they must outlive it.
+    explicit Desktop(const Backend& chosenBackend);
     virtual ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -72,6 +66,8 @@ public:
     static Desktop& Current();
     /// Makes `desktopPtr` the desktop of the program; null removes it. The previous one is destroyed.
     static void Use(std::unique_ptr<Desktop> desktopPtr);
+
+    const Backend& GetBackend() const { return backend; }
 
     // Windows
 
@@ -119,6 +115,16 @@ public:
     /// The control under the mouse, null if there is none.
     HWND HoveredControl() const { return hoveredPtr; }
 
+    // The program's loop
+
+    /// Makes the passes of the program's loop: calls `pass` again and again until it answers the exit code, and returns
+    /// that. Where the program must not block, in a browser's page, it returns at once and the passes come later; so
+    /// all that has to be done at the end is done by the last pass.
+    virtual int RunLoop(std::function<std::optional<int>()> pass);
+    /// Begins work beside the loop: on a thread where the desktop has threads, otherwise in turns. It must have ended
+    /// before the desktop does.
+    virtual std::unique_ptr<Worker> StartWorker(Worker::Work work) = 0;
+
     // Messages
 
     /// Appends to the queue and wakes WaitMessage. Any thread.
@@ -129,7 +135,8 @@ public:
     /// then WM_PAINT for windows that want painting; false if there is none of these either. Keys and mouse posted to
     /// the main window go to the control that they are meant for at this moment; the position becomes the control's.
     bool PeekMessage(Message& message);
-    /// Returns as soon as there may be a message to take.
+    /// Returns as soon as there may be a message to take; where the program must not block, at once. The last thing in
+    /// a pass.
     void WaitMessage();
     /// Calls the procedure of the message's window.
     LRESULT DispatchMessage(const Message& message);
@@ -145,13 +152,11 @@ public:
     virtual POINT ScreenSize() const = 0;
     /// Whether the key is down now. Any thread.
     virtual bool IsKeyDown(int virtualKey) const = 0;
-    /// A sleep for one other thread, which must have ended before the sleeper is destroyed.
-    virtual std::unique_ptr<Sleeper> MakeSleeper() = 0;
     /// A clock that never goes back, in counts of SecondsPerCount seconds. Any thread.
     virtual std::int64_t Counter() const = 0;
     virtual double SecondsPerCount() const = 0;
-    /// Shows a finished frame in `window`. With `waitForBlank` it returns at the pace of 60 frames per second.
-    /// False if the window can no longer show anything.
+    /// Shows a finished frame in `window`. With `waitForBlank` it returns at the pace of 60 frames per second, unless
+    /// the passes of the loop come at that pace. False if the window can no longer show anything.
     virtual bool Present(HWND window, const FrameView& frame, bool waitForBlank) = 0;
     /// Shows a modal box over the main window and returns when it is dismissed. Where none can be shown the text goes
     /// to standard error.
@@ -161,7 +166,7 @@ public:
     virtual void ShowMousePointer(bool show) = 0;
     /// Fills the screen with the picture, or goes back to the window; mouse positions stay client pixels.
     virtual bool SetFullscreen(bool fullscreen) = 0;
-    /// A timer, not running yet. Calls come on one thread for all timers, one after another, so a slow one delays the
+    /// A timer, not running yet. Calls come from one worker for all timers, one after another, so a slow one delays the
     /// rest; calls that are late are made up for unless a whole second was missed. On the scripted desktop time is the
     /// frames' and calls come on the main thread between two frames, in the order in which they are due.
     virtual std::unique_ptr<PeriodicTimer> MakeTimer(std::function<void()> callback);
@@ -205,6 +210,7 @@ private:
     HWND ChildAt(POINT point) const;
     void DropInput(HWND window);
 
+    const Backend& backend;
     std::vector<std::unique_ptr<Window>> windows;
     std::vector<Control*> controls; // those among the windows, later ones above earlier ones
     Window* mainWindowPtr = nullptr;

@@ -141,6 +141,6 @@ public:
 };
 
 namespace platform {
-/// The one kind of factory there is; null if it cannot be made.
+/// The one kind of factory there is, on the back end of the current desktop; null if it cannot be made.
 std::unique_ptr<ID2D1Factory> CreateGeometryFactory();
 } // namespace platform

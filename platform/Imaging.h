@@ -37,5 +37,6 @@ public:
 };
 
 namespace platform {
+/// Decodes with the back end of the current desktop.
 std::unique_ptr<IWICImagingFactory> CreateImagingFactory();
 } // namespace platform

@@ -22,6 +22,23 @@ constexpr std::uint32_t ScaledPixel(std::uint32_t pixel, std::uint32_t factor) {
     return high | low;
 }
 
+/// A straight pixel, its colour multiplied by its alpha.
+constexpr std::uint32_t PremultipliedPixel(std::uint32_t pixel) {
+    const std::uint32_t alpha = pixel >> 24;
+    return alpha == 255 ? pixel : ScaledPixel(pixel | 0xFF000000U, alpha);
+}
+
+/// The reverse, as far as the rounding has left it.
+constexpr std::uint32_t StraightPixel(std::uint32_t pixel) {
+    const std::uint32_t alpha = pixel >> 24;
+    if (alpha == 255 || alpha == 0) return pixel;
+    std::uint32_t result = alpha << 24;
+    for (int shift = 0; shift < 24; shift += 8) {
+        result |= std::min(255U, ((pixel >> shift & 255) * 255 + alpha / 2) / alpha) << shift;
+    }
+    return result;
+}
+
 /// `source` painted over `destination`. A channel that would pass 255 stays there.
 constexpr std::uint32_t Over(std::uint32_t source, std::uint32_t destination) {
     const std::uint32_t below = ScaledPixel(destination, 255 - (source >> 24));

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/NativeBackend.h"
 
-#include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -11,14 +11,16 @@
 
 namespace platform {
 
+class WorkerTurns;
+
 /// A desktop without window, device or real time: keys come from a script, the clock counts frames, frames are handed
 /// to an observer, and message boxes, debug lines and media commands are recorded. A program runs on it unchanged and
 /// the same to the last bit every time.
 ///
-/// A frame is: the calls of timers that have become due since the last one, on the main thread; the script's events for
-/// it; one poll of the thread that sleeps on this desktop, if there is one, and
-/// time to deliver what it posted; the media notices that are due; then the program's own frame, which ends with
-/// Present.
+/// It has no threads, so this is also how a program runs in a browser's page. A frame is: the calls of timers that have
+/// become due since the last one; the script's events for it; one turn for each worker, among them the poll of the
+/// keys, and time to deliver what was posted; the media notices that are due; then the program's own frame, which ends
+/// with Present.
 class ScriptedDesktop : public Desktop {
 public:
     struct Box {
@@ -30,7 +32,7 @@ public:
         std::wstring text;
     };
 
-    explicit ScriptedDesktop(double frameSeconds = 1.0 / 60.0);
+    explicit ScriptedDesktop(double frameSeconds = 1.0 / 60.0, const Backend& backend = NativeBackend());
     ~ScriptedDesktop() override;
 
     // The script; events of one frame happen in the order they are given. Keys and mouse reach the program as they do
@@ -76,7 +78,7 @@ public:
 
     POINT ScreenSize() const override { return {1920, 1080}; }
     bool IsKeyDown(int virtualKey) const override;
-    std::unique_ptr<Sleeper> MakeSleeper() override;
+    std::unique_ptr<Worker> StartWorker(Worker::Work work) override;
     std::unique_ptr<PeriodicTimer> MakeTimer(std::function<void()> callback) override;
     std::int64_t Counter() const override { return frame; }
     double SecondsPerCount() const override { return secondsPerFrame; }
@@ -93,11 +95,9 @@ protected:
     void ShowMainWindow(Window& window) override;
 
 private:
-    class FrameSleeper;
     class FrameTimer;
     struct Timers;
     class Recorder;
-    struct Rendezvous;
     struct Event {
         int frame = 0;
         std::function<void()> action;
@@ -120,7 +120,7 @@ private:
     mutable std::mutex keyMutex;
     bool keys[256] = {};
     bool leftButtonIsDown = false;
-    std::shared_ptr<Rendezvous> rendezvousPtr;
+    std::unique_ptr<WorkerTurns> turnsPtr;
     std::shared_ptr<Timers> timersPtr; // shared with the timers, which may outlive the desktop
 };
 

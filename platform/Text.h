@@ -75,6 +75,6 @@ public:
     virtual Range WordAround(std::size_t place) const = 0;
 };
 
-/// Lays out at most the first 32,767 characters of `text`. Main thread only.
+/// Lays out at most the first 32,767 characters of `text`, with the back end of the current desktop. Main thread only.
 std::unique_ptr<TextLine> MakeTextLine(std::wstring_view text, const IDWriteTextFormat& format);
 } // namespace platform

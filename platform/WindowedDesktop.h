@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/NativeBackend.h"
 
 #include <memory>
 
@@ -8,6 +9,6 @@ namespace platform {
 
 /// The real desktop: a window, keyboard and mouse, the real clock, the sound device. It is made even where there is no
 /// display; then no window can be opened on it.
-std::unique_ptr<Desktop> MakeWindowedDesktop();
+std::unique_ptr<Desktop> MakeWindowedDesktop(const Backend& backend = NativeBackend());
 
 } // namespace platform

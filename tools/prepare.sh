@@ -1,11 +1,12 @@
 # Installs what building Quillfen needs on Debian and Ubuntu and is not there yet. Sourced by play.sh, test.sh and CI:
 #     prepare play    what the game needs
-#     prepare test    and what its tests and benchmarks need
+#     prepare test    and what its tests, benchmarks and checks need
 prepare() {
     local wanted="g++ cmake make pkg-config libsdl2-dev libsdl2-image-dev libcairo2-dev libpango1.0-dev
                   libpolyclipping-dev libopenal-dev libsndfile1-dev libfluidsynth-dev fonts-dejavu-core"
     if [ "$1" = test ]; then
-        wanted="$wanted libgtest-dev libgmock-dev libbenchmark-dev libboost-dev clang-format doxygen xvfb xdotool"
+        wanted="$wanted libgtest-dev libgmock-dev libbenchmark-dev libboost-dev libebur128-dev doxygen xvfb xdotool
+                clang clang-tidy clang-format"
     fi
     local missing="" package
     for package in $wanted; do

@@ -44,27 +44,27 @@ void FirstGame::Walk(double deltaTime) {
     const int direction = enginePtr->IsKeyDown(VK_RIGHT) - enginePtr->IsKeyDown(VK_LEFT);
     if (direction == 0) return;
     facing = direction;
+    const DOUBLE2 knee(feet.x, feet.y - kneeHeight); // before the move: after it the knee may be in the wall
     feet.x += direction * walkSpeed * deltaTime;
 
-    // A ray from the middle to the side, at the height of the knees, meets the walls.
+    // A ray from where the knee was to where the side is meets the walls.
     HIT wall;
-    const DOUBLE2 knee(feet.x, feet.y - kneeHeight);
-    if (ground.Raycast(knee, DOUBLE2(direction * halfWidth, 0), &wall, 1, into) > 0) {
+    if (ground.Raycast(knee, DOUBLE2(feet.x + direction * halfWidth - knee.x, 0), &wall, 1, into) > 0) {
         feet.x = wall.point.x - direction * halfWidth;
     }
 }
 
 void FirstGame::Fall(double deltaTime) {
+    const DOUBLE2 knee(feet.x, feet.y - kneeHeight); // before the move: after it the knee may be in the ground
     if (standing && GameEngine::GetSingleton()->IsKeyDown(VK_UP)) velocity.y = -jumpSpeed;
     velocity.y += gravity * deltaTime;
     feet.y += velocity.y * deltaTime;
     standing = false;
     if (velocity.y < 0.0) return; // on the way up there is nothing to land on
 
-    // A ray from the knees to the feet meets the floor, even on a slope or after a long step.
+    // A ray from where the knee was to just below the feet meets the floor, even on a slope or after a long step.
     HIT floor;
-    const DOUBLE2 knee(feet.x, feet.y - kneeHeight);
-    if (ground.Raycast(knee, DOUBLE2(0, kneeHeight + 1), &floor, 1, into) > 0) {
+    if (ground.Raycast(knee, DOUBLE2(0, feet.y + 1 - knee.y), &floor, 1, into) > 0) {
         feet.y = floor.point.y;
         velocity.y = 0.0;
         standing = true;

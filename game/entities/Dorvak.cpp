@@ -1,21 +1,22 @@
 #include "game/entities/Dorvak.h"
 
 #include "engine/GameEngine.h"
+#include "game/StateReport.h"
 #include "game/player/Pelko.h"
 
-Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 4) {}
+Dorvak::Dorvak(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, kind) {}
 
 void Dorvak::Tick(double deltaTime) {
     constexpr int shellCell = 2;
-    constexpr double slidePush = 4 * walkPush;
+    constexpr double slidePush = 4 * Motion::walkPush;
     if (!BeginTick()) return;
     if (state == walking)
         AnimateWalk();
     else
         strip.Show(shellCell);
-    if (state == walking) Push(walkPush, deltaTime);
+    if (state == walking) Push(Motion::walkPush, deltaTime);
     if (state == shellSliding) Push(slidePush, deltaTime);
-    if (state != shellAtRest) Fall(normalGravity, deltaTime);
+    if (state != shellAtRest) motion.Fall(Motion::gravity, deltaTime);
     HandleLevelCollision();
 }
 
@@ -42,7 +43,7 @@ bool Dorvak::Kill() {
 }
 
 RECT2 Dorvak::GetHitRect() {
-    constexpr int shellDrop = 9; // level pixels; the shell is that much lower than the cell
+    constexpr int shellDrop = 9; // level pixels between the top of the cell and the shell
     if (state == dying) return {};
     RECT2 box = GetCellRect();
     if (state != walking) {
@@ -57,5 +58,11 @@ bool Dorvak::IsDead() {
     if (state == walking) return false;
     const int heroX = static_cast<int>(Pelko::GetSingleton()->GetPosition().x);
     const int windowWidth = GameEngine::GetSingleton()->GetWidth();
-    return heroX - windowWidth / 2 > position.x || position.x > heroX + windowWidth;
+    const int leftEnd = heroX - windowWidth / 2;
+    return leftEnd > motion.position.x || motion.position.x > heroX + windowWidth;
+}
+
+void Dorvak::Report(StateReport& report) const {
+    EnemyBody::Report(report);
+    report.Add("state", state);
 }

@@ -1,85 +1,56 @@
 #include "game/entities/EntityList.h"
 
+#include "game/ChosenLevel.h"
 #include "game/SpriteSheet.h"
-#include "game/entities/Coin.h"
-#include "game/entities/CoinBlock.h"
-#include "game/entities/Flower.h"
-#include "game/entities/Mushroom.h"
-#include "game/entities/Star.h"
+#include "game/entities/EntityKinds.h"
 
-EntityList::EntityList()
-    : coinBitmapPtr(LoadSpriteSheet("Resources/Images/Coin.bmp")),
-      coinBlockBitmapPtr(LoadSpriteSheet("Resources/Images/CoinBlock.bmp")),
-      flowerBitmapPtr(LoadSpriteSheet("Resources/Images/Flower.bmp")),
-      mushroomBitmapPtr(LoadSpriteSheet("Resources/Images/Mushroom.bmp")),
-      starBitmapPtr(LoadSpriteSheet("Resources/Images/Star.bmp")) {
-    // the placed coins and what the blocks of the level hold, so that a bump in play need not grow the table
-    entities.reserve(128);
+namespace {
+// Room for the placed coins and for what the blocks hold, so that the list does not grow during play.
+constexpr std::size_t expectedCount = 128;
+} // namespace
+
+EntityList::EntityList() : SlotList(expectedCount) {
+    for (const EntityKind& kind : EntityKinds()) sheets.push_back(LoadSpriteSheet(kind.picture));
 }
 
 void EntityList::AddEntity(DOUBLE2 position, int type, int variant) {
-    constexpr int depth = 14; // inside the block that releases it
+    constexpr int depth = 14; // level pixels below the top of the block that releases it
     const int x = static_cast<int>(position.x);
     const int y = static_cast<int>(position.y) + depth;
-    switch (type) {
-    case contentCoin: entities.push_back(std::make_unique<CoinBlock>(x, y, coinBlockBitmapPtr.get())); break;
-    case contentFlower: entities.push_back(std::make_unique<Flower>(x, y, flowerBitmapPtr.get())); break;
-    case contentMushroom: entities.push_back(std::make_unique<Mushroom>(x, y, mushroomBitmapPtr.get(), variant)); break;
-    case contentStar: entities.push_back(std::make_unique<Star>(x, y, starBitmapPtr.get())); break;
-    default: break;
+    const std::span<const EntityKind> kinds = EntityKinds();
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        const bool isReleased = kinds[i].content == type && type != contentNothing;
+        if (isReleased) Add(kinds[i].make(x, y, sheets[i].get(), variant));
     }
 }
 
 void EntityList::CreateCoins() {
-    constexpr int spacing = 16;
-    const auto addRow = [this](int left, int y, int count) {
-        for (int i = 0; i < count; ++i)
-            entities.push_back(std::make_unique<Coin>(left + spacing * i, y, coinBitmapPtr.get()));
-    };
-    addRow(80, 298, 5);
-    addRow(64, 330, 7);
-    addRow(64, 362, 7);
+    constexpr int spacing = 16; // level pixels from coin to coin
+    const std::span<const EntityKind> kinds = EntityKinds();
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        if (kinds[i].type != entityCoin) continue;
+        for (const auto& [left, y, count] : chosenLevel.coinRows) {
+            for (int coin = 0; coin < count; ++coin) Add(kinds[i].make(left + spacing * coin, y, sheets[i].get(), 0));
+        }
+    }
 }
 
 void EntityList::Tick(double deltaTime) {
-    constexpr double levelEnd = 500.0; // below it an entity has fallen out
-    for (const auto& entityPtr : entities)
-        if (entityPtr) entityPtr->Tick(deltaTime);
-    for (auto& entityPtr : entities)
-        if (entityPtr && entityPtr->GetPosition().y >= levelEnd) entityPtr.reset();
+    ForEach([=](EntityMaster& entity) { entity.Tick(deltaTime); });
+    DeleteWhere([](EntityMaster& entity) { return entity.GetPosition().y >= chosenLevel.depths.thingsEnd; });
 }
 
-void EntityList::Paint(MATRIX3X2 matView) {
-    for (const auto& entityPtr : entities)
-        if (entityPtr) entityPtr->Paint(matView);
-}
-
-void EntityList::PaintDebug(MATRIX3X2 matView) {
-    for (const auto& entityPtr : entities)
-        if (entityPtr) entityPtr->PaintDebug(matView);
+void EntityList::GiveTo(int index, Pelko& hero) {
+    if (At(index)) At(index)->GiveTo(hero);
 }
 
 void EntityList::Collect(int index) {
     if (At(index)) At(index)->Collect();
 }
 
-void EntityList::Move(int index, DOUBLE2 delta) {
-    if (At(index)) At(index)->Move(delta);
-}
-
 void EntityList::SetState(int index, int state) {
     if (At(index)) At(index)->SetState(state);
 }
-
-void EntityList::ResetVelocity(int index, bool horizontal, bool vertical) {
-    if (At(index)) At(index)->ResetVelocity(horizontal, vertical);
-}
-
-RECT2 EntityList::GetHitRect(int index) const { return At(index) ? At(index)->GetHitRect() : RECT2(); }
-
-DOUBLE2 EntityList::GetPosition(int index) const { return At(index) ? At(index)->GetPosition() : DOUBLE2(); }
-
-int EntityList::GetType(int index) const { return At(index) ? At(index)->GetType() : -1; }
 
 int EntityList::GetMushroomVariant(int index) const {
     return GetType(index) == entityMushroom ? At(index)->GetVariant() : -1;

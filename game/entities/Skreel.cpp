@@ -1,6 +1,8 @@
 #include "game/entities/Skreel.h"
 
-Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, 3) {}
+#include "game/StateReport.h"
+
+Skreel::Skreel(int x, int y, Bitmap* bitmapPtr) : EnemyBody(x, y, bitmapPtr, kind) {}
 
 void Skreel::Tick(double deltaTime) {
     constexpr int flatCell = 2;
@@ -8,17 +10,17 @@ void Skreel::Tick(double deltaTime) {
     switch (state) {
     case walking:
         AnimateWalk();
-        Push(walkPush, deltaTime);
-        Fall(normalGravity, deltaTime);
+        Push(Motion::walkPush, deltaTime);
+        motion.Fall(Motion::gravity, deltaTime);
         HandleLevelCollision();
         break;
     case flattened:
         strip.Show(flatCell);
         --flattenedTicks;
         break;
-    case dying: // through the ground
+    case dying: // it falls through the ground
         strip.Show(0);
-        Fall(2 * normalGravity, deltaTime);
+        motion.Fall(2 * Motion::gravity, deltaTime);
         break;
     }
 }
@@ -39,6 +41,12 @@ bool Skreel::Stomp() {
 bool Skreel::Kill() {
     constexpr double hopSpeed = 150.0; // level pixels / s, upwards
     state = dying;
-    velocity.y -= hopSpeed;
+    motion.velocity.y -= hopSpeed;
     return true;
+}
+
+void Skreel::Report(StateReport& report) const {
+    EnemyBody::Report(report);
+    report.Add("state", state);
+    report.Add("flattenedTicks", flattenedTicks);
 }

@@ -26,6 +26,19 @@ void SpriteStrip::Paint(DOUBLE2 position, const MATRIX3X2& matView) const {
     Paint(MATRIX3X2::CreateTranslationMatrix(position) * matView);
 }
 
+void SpriteStrip::PaintCentered(DOUBLE2 position, double scaleX, double scaleY, const MATRIX3X2& matView) const {
+    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(-GetMiddleX(), -GetMiddleY());
+    const MATRIX3X2 matScale = MATRIX3X2::CreateScalingMatrix(scaleX, scaleY);
+    const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
+    // centre the cell on the origin, mirror it there, put it in the level, then apply the camera
+    Paint(matCenter * matScale * matTranslate * matView);
+}
+
 RECT2 SpriteStrip::GetCellRect(DOUBLE2 position) const {
     return {position.x, position.y, position.x + cellWidth, position.y + cellHeight};
+}
+
+void SpriteStrip::Report(StateReport& report) const {
+    cycle.Report(report);
+    report.Add("cell", clip);
 }

@@ -7,8 +7,8 @@
 
 class Bitmap;
 
-/// A horizontal strip of equal cells and the one that is shown: none until Show or Animate is called. Borrows the
-/// bitmap, which must outlive it.
+/// A horizontal strip of equal cells, one of which is shown; none before the first Show or Animate. Borrows the bitmap,
+/// which must outlive it.
 class SpriteStrip {
 public:
     SpriteStrip(Bitmap* bitmapPtr, int cellCount);
@@ -21,10 +21,17 @@ public:
     /// Draws the cell with its top-left corner at `position`, in level pixels.
     void Paint(DOUBLE2 position, const MATRIX3X2& matView) const;
 
+    /// Draws the cell with its middle at `position`; a scale of -1 mirrors it.
+    void PaintCentered(DOUBLE2 position, double scaleX, double scaleY, const MATRIX3X2& matView) const;
+
     int GetCellWidth() const { return cellWidth; }
     int GetCellHeight() const { return cellHeight; }
-    /// What a cell with its top-left corner at `position` covers.
+    /// The middle of the cell, measured from its top-left corner in whole pixels.
+    int GetMiddleX() const { return cellWidth / 2; }
+    int GetMiddleY() const { return cellHeight / 2; }
+    /// The box of a cell with its top-left corner at `position`.
     RECT2 GetCellRect(DOUBLE2 position) const;
+    void Report(StateReport& report) const;
 
 private:
     Bitmap* bitmapPtr;

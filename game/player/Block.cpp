@@ -3,6 +3,7 @@
 #include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
 #include "game/Sound.h"
+#include "game/StateReport.h"
 #include "game/entities/EntityMaster.h"
 
 namespace {
@@ -10,17 +11,17 @@ namespace {
 constexpr int size = 16; // level pixels, width and height
 
 int ContentOf(int kind, int content) {
-    if (content < contentNothing || content > contentStar) content = contentNothing;
+    if (content < contentNothing || content >= contentCount) content = contentNothing;
     return kind == blockQuestion && content == contentNothing ? contentCoin : content;
 }
 
-RECT CellAt(int column, int row) { return {column * size, row * size, column * size + size, row * size + size}; }
+RECT2 CellAt(int column, int row) { return RECT2(column * size, row * size, column * size + size, row * size + size); }
 
 } // namespace
 
 Block::Block(int x, int y, Bitmap* blockSheetPtr, int kind, int hitCount, int heldContent, int contentVariant)
     : hits(hitCount), restY(y), content(ContentOf(kind, heldContent)), variant(contentVariant), sheetPtr(blockSheetPtr),
-      position(x, y), clip(CellAt(0, 0)), state(kind >= blockQuestion && kind <= blockTreasure ? kind : blockBrick) {}
+      position(x, y), clip(CellAt(0, 0)), state(kind >= 0 && kind < blockStateCount ? kind : blockBrick) {}
 
 void Block::Tick(double tickSeconds) {
     constexpr double settleSpeed = 80.0; // level pixels / s
@@ -38,7 +39,7 @@ void Block::Tick(double tickSeconds) {
 void Block::Paint(MATRIX3X2 matView) {
     GameEngine* enginePtr = GameEngine::GetSingleton();
     enginePtr->SetWorldMatrix(MATRIX3X2::CreateTranslationMatrix(position) * matView);
-    enginePtr->DrawBitmap(sheetPtr, 0, 0, clip);
+    enginePtr->DrawBitmap(sheetPtr, DOUBLE2(), clip);
     enginePtr->SetColor(COLOR(0, 0, 0, 255));
 }
 
@@ -68,6 +69,17 @@ int Block::GetType() const {
     case blockTreasure: return blockTypeTreasure;
     default: return blockTypeBrick;
     }
+}
+
+void Block::Report(StateReport& report) const {
+    report.Add("state", state);
+    report.Add("finished", finished);
+    report.Add("hits", hits);
+    report.Add("content", content);
+    report.Add("variant", variant);
+    report.Add("restY", restY);
+    questionCycle.Report(report);
+    report.Add("cell", DOUBLE2(clip.left / size, clip.top / size));
 }
 
 void Block::Finish() {

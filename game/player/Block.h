@@ -4,14 +4,21 @@
 #include "engine/MATRIX3X2.h"
 #include "engine/RECT2.h"
 #include "game/FrameCycle.h"
-#include "platform/Types.h"
 
 class Bitmap;
+class StateReport;
 
-/// What a block is made as and what it is at the moment; also its row in the sheet.
-enum BlockState : int { blockBrick = 0, blockQuestion = 1, blockUsed = 2, blockBroken = 3, blockTreasure = 4 };
+/// What a block is, at first and later; also its row in the sheet.
+enum BlockState : int {
+    blockBrick = 0,
+    blockQuestion = 1,
+    blockUsed = 2,
+    blockBroken = 3,
+    blockTreasure = 4,
+    blockStateCount
+};
 
-/// What Block::GetType answers.
+/// The result of Block::GetType.
 enum BlockType : int {
     blockTypeBrick = 0,
     blockTypeQuestion = 1,
@@ -20,21 +27,22 @@ enum BlockType : int {
     blockTypeTreasure = 5
 };
 
-/// A tile of 16 x 16 level pixels that is bumped from below, gives what it holds, and breaks or is used up.
+/// A tile of 16 x 16 level pixels. The hero bumps it from below; it releases its content, and breaks or is used up in
+/// the end.
 class Block {
 public:
-    /// `x`, `y` is the top-left corner. A `kind` that is no BlockState makes a brick, a `content` that is no
-    /// BlockContent none; a question block without content holds a coin. `hits` is how many it takes until it is
-    /// finished, `variant` the kind of mushroom. Borrows the sheet, which must outlive the block.
+    /// `x`, `y` is the top-left corner; `kind` is a BlockState, or it makes a brick; `hits` is the number of hits that
+    /// it takes; `content` is a BlockContent, or it means none, but a question block without content holds a coin;
+    /// `variant` is that of a mushroom. Borrows the sheet, which must outlive the block.
     Block(int x, int y, Bitmap* sheetPtr, int kind, int hits, int content, int variant);
     virtual ~Block() = default;
     virtual void Tick(double deltaTime);
     virtual void Paint(MATRIX3X2 matView);
     virtual void PaintDebug(MATRIX3X2 matView);
 
-    /// Takes one hit off; the tick that finds none left finishes the block.
+    /// Takes one hit off. When none is left, the next tick finishes the block.
     void Damage() { --hits; }
-    /// The block jumps up; its ticks let it settle back.
+    /// The block jumps up. Its ticks bring it back down.
     void Bump();
 
     /// All zero for a broken block.
@@ -43,6 +51,7 @@ public:
     DOUBLE2 GetPosition() const { return position; }
     int GetContent() const { return content; }
     int GetVariant() const { return variant; }
+    void Report(StateReport& report) const;
 
 private:
     void Finish();
@@ -50,12 +59,12 @@ private:
     bool finished = false;
     int hits;
     FrameCycle questionCycle;
-    int restY; // where a bumped block settles back to
+    int restY; // where it comes to rest after a bump
     int content;
     int variant;
-    double deltaTime = 0.0; // of the last tick; how far a bump jumps depends on it
+    double deltaTime = 0.0; // seconds of the last tick; a bump moves the block by one such tick
     Bitmap* sheetPtr;
     DOUBLE2 position; // top-left corner
-    RECT clip;        // the cell to draw
+    RECT2 clip;       // the cell to draw
     int state;
 };

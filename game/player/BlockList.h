@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Bitmap.h"
+#include "game/ChosenLevel.h"
 #include "game/Singleton.h"
 #include "game/player/Block.h"
 
@@ -8,10 +9,11 @@
 #include <cstddef>
 #include <memory>
 
-/// The blocks of the level. An index (0 to blockCount - 1) names the same block for the whole game.
+/// The blocks of the level. An index, 0 to blockCount - 1, belongs to the same block for the whole game.
 class BlockList {
 public:
-    static constexpr int blockCount = 44;
+    static constexpr char const* picture = "Resources/Images/Blocks.bmp";
+    static constexpr int blockCount = static_cast<int>(chosenLevel.blocks.size());
 
     static BlockList* GetSingleton() { return Singleton<BlockList>::Get(); }
     virtual ~BlockList() = default;
@@ -21,7 +23,7 @@ public:
 
     /// Takes one hit off the block.
     void DamageBlock(int index) { At(index).Damage(); }
-    /// The hero's head has hit the block: it jumps and gives what it holds.
+    /// The hero's head has hit the block: it jumps, and releases its content unless it is used up.
     void HitBlock(int index);
 
     /// All zero for a broken block.
@@ -29,6 +31,7 @@ public:
     DOUBLE2 GetPosition(int index) const { return At(index).GetPosition(); }
     /// A BlockType.
     int GetType(int index) const { return At(index).GetType(); }
+    void Report(int index, StateReport& report) const { At(index).Report(report); }
 
 private:
     friend class Singleton<BlockList>;

@@ -1,6 +1,8 @@
 #include "game/player/CollisionList.h"
 
 #include "engine/GameEngine.h"
+#include "game/Actions.h"
+#include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
 #include "game/Level.h"
@@ -9,15 +11,11 @@
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
 #include "game/player/Pelko.h"
-#include "platform/Messages.h"
 
 namespace {
 
-constexpr int nearby = 50; // level pixels; things whose positions are farther apart cannot touch
-
-bool Touch(RECT2 a, RECT2 b) { return HasBox(a) && HasBox(b) && Handy::GetSingleton()->RectsOverlap(a, b); }
-
-bool IsNear(DOUBLE2 a, DOUBLE2 b) { return Handy::GetSingleton()->IsPointNear(a, b, nearby); }
+bool Touch(RECT2 a, RECT2 b) { return Handy::GetSingleton()->Touch(a, b); }
+bool AreNear(DOUBLE2 a, DOUBLE2 b) { return Handy::GetSingleton()->AreNear(a, b); }
 
 /// Calls `act(index, overlap)` for every box of the list, 0 to `count` - 1, that touches `box`.
 template <typename List, typename Action>
@@ -28,22 +26,22 @@ void ForEachTouching(RECT2 box, List* listPtr, int count, Action act) {
     }
 }
 
-/// The same for those boxes only whose position is near `position`.
+/// The same, but only for boxes whose position is near `position`.
 template <typename List, typename Action>
 void ForEachTouchingNear(DOUBLE2 position, RECT2 box, List* listPtr, int count, Action act) {
     for (int i = 0; i < count; ++i) {
-        if (!IsNear(position, listPtr->GetPosition(i))) continue;
+        if (!AreNear(position, listPtr->GetPosition(i))) continue;
         const RECT2 other = listPtr->GetHitRect(i);
         if (Touch(box, other)) act(i, Handy::GetSingleton()->GetIntersection(box, other));
     }
 }
 
-/// Where along an axis an overlap touches the hero: at neither end when it covers him, lies inside him or has no
+/// At which end of the hero an overlap lies along an axis. It is at none if it covers him, lies inside him or has no
 /// length.
 enum class Side { none, low, high };
 
-/// The hero reaches from `heroLow` to `heroHigh`, the overlap from `low` to `high`. The edges of an overlap are copies
-/// of the hero's, so they can be compared exactly.
+/// The hero reaches from `heroLow` to `heroHigh`, the overlap from `low` to `high`. Edges of the overlap are copies of
+/// the hero's edges, so they can be compared for equality.
 Side ContactSide(double heroLow, double heroHigh, double low, double high) {
     if (low > heroLow && high > heroLow && heroHigh > low && heroHigh == high) return Side::high;
     if (heroLow == low && high > heroLow && heroHigh > low && heroHigh > high) return Side::low;
@@ -58,10 +56,7 @@ Side HorizontalSide(RECT2 hero, RECT2 overlap) {
 /// Low is his head, high his feet.
 Side VerticalSide(RECT2 hero, RECT2 overlap) { return ContactSide(hero.top, hero.bottom, overlap.top, overlap.bottom); }
 
-/// What the player gets for an enemy that the hero defeats himself.
-int ScoreOf(int enemyType) { return enemyType == enemySkreel ? 100 : 400; }
-
-/// Puts whatever of the list touches a block on top of it.
+/// Puts thing `index` of the list, which overlaps a block, on top of the block.
 template <typename List>
 void LiftOntoBlock(List* listPtr, int index, RECT2 overlap) {
     listPtr->Move(index, DOUBLE2(0, -(overlap.bottom - overlap.top)));
@@ -76,9 +71,8 @@ void StompEnemy(int index, RECT2 overlap) {
     pelkoPtr->StompBounce();
     Sound::GetSingleton()->PlaySound(effectKillEnemy, soundPlay, volumeUnchanged);
     enemiesPtr->Stomp(index);
-    HUD::GetSingleton()->AddScore(ScoreOf(enemiesPtr->GetType(index)));
-    // a kicked shell slides where the hero faces
-    if (enemiesPtr->GetType(index) == enemyDorvak) enemiesPtr->SetMovingLeft(index, !pelkoPtr->IsFacingRight());
+    HUD::GetSingleton()->AddScore(enemiesPtr->GetPoints(index));
+    if (enemiesPtr->IsTurnedByStomp(index)) enemiesPtr->SetMovingLeft(index, !pelkoPtr->IsFacingRight());
 }
 
 void BumpBlock(int index, RECT2 overlap) {
@@ -87,50 +81,18 @@ void BumpBlock(int index, RECT2 overlap) {
     pelkoPtr->BumpHead();
     pelkoPtr->Move(DOUBLE2(0, overlap.bottom - overlap.top));
     const int type = blocksPtr->GetType(index);
-    const bool isBreakable = type == blockTypeQuestion || type == blockTypeTreasure; // even by a small hero
+    const bool isBreakable = type == blockTypeQuestion || type == blockTypeTreasure; // a small hero can break it too
     if (pelkoPtr->GetFormState() != heroSmall || isBreakable) blocksPtr->DamageBlock(index);
     blocksPtr->HitBlock(index);
     Sound::GetSingleton()->PlaySound(effectBlockBump, soundPlay, 100);
 }
 
-void TakeEntity(int index) {
-    constexpr int powerUpScore = 1000;
-    Pelko* pelkoPtr = Pelko::GetSingleton();
-    EntityList* entitiesPtr = EntityList::GetSingleton();
-    const auto takePowerUp = [=] {
-        HUD::GetSingleton()->AddScore(powerUpScore);
-        Sound::GetSingleton()->PlaySound(effectPowerUp, soundPlay, 100);
-        entitiesPtr->SetState(index, entityGone);
-    };
-    switch (entitiesPtr->GetType(index)) {
-    case entityCoin:
-        HUD::GetSingleton()->AddCoin();
-        Sound::GetSingleton()->PlaySound(effectCoin, soundPlay, 50);
-        break;
-    case entityFlower:
-        if (pelkoPtr->GetFormState() == heroBig) pelkoPtr->Grow();
-        takePowerUp();
-        break;
-    case entityMushroom:
-        if (pelkoPtr->GetFormState() == heroSmall && entitiesPtr->GetMushroomVariant(index) == 0) pelkoPtr->Grow();
-        takePowerUp();
-        break;
-    case entityStar: // its music is its sound
-        HUD::GetSingleton()->AddScore(powerUpScore);
-        entitiesPtr->SetState(index, entityGone);
-        pelkoPtr->ActivateStar();
-        break;
-    default: break;
-    }
-    entitiesPtr->Collect(index);
-}
-
-/// While the hero is on the trigger and the key is held, the move through the pipe starts anew on every tick.
-void EnterPipe(RECT2 trigger, VirtualKey key, int move, char const* debugLine) {
+/// Starts the move through a pipe while the hero is on its strip and the player holds `action`; again on every tick.
+void EnterPipe(RECT2 trigger, Action action, int move, char const* debugLine) {
     Pelko* pelkoPtr = Pelko::GetSingleton();
     if (!Touch(pelkoPtr->GetHitRectVertical(), trigger)) return;
     GameEngine::OutputDebugString(debugLine);
-    if (!GameEngine::GetSingleton()->IsKeyDown(key)) return;
+    if (!IsHeld(action)) return;
     pelkoPtr->StartAutoMove(move);
     Sound::GetSingleton()->PlaySound(effectPipe, soundPlay, 100);
 }
@@ -139,7 +101,7 @@ void EnterPipe(RECT2 trigger, VirtualKey key, int move, char const* debugLine) {
 
 void CollisionList::Tick(double) {
     if (!Pelko::GetSingleton()->IsInvulnerable()) {
-        // Vertical before horizontal: a stomp is judged before the side of the same enemy, a landing before the push.
+        // Vertical before horizontal: a stomp comes before a touch from the side, a landing before a push.
         CollideEnemiesVertical();
         CollideEnemiesHorizontal();
         CollideBlocksVertical();
@@ -160,7 +122,7 @@ void CollisionList::CollideEnemiesVertical() {
         GameEngine::OutputDebugString("AABB - Pelko + Enemy - Vertical \n");
         switch (VerticalSide(pelkoV, move)) {
         case Side::high: StompEnemy(index, move); break;
-        case Side::low: // it dropped onto his head: deadly in any form, and the star does not help
+        case Side::low: // it fell onto his head: that kills him in any form, even with star power
             Pelko::GetSingleton()->ResetVelocity(false, true);
             Pelko::GetSingleton()->SetAlive(false);
             break;
@@ -176,7 +138,7 @@ void CollisionList::CollideEnemiesHorizontal() {
         GameEngine::OutputDebugString("AABB - Pelko + Enemy - Horizontal \n");
         if (Pelko::GetSingleton()->IsStarActive()) {
             enemiesPtr->Kill(index);
-            HUD::GetSingleton()->AddScore(ScoreOf(enemiesPtr->GetType(index)));
+            HUD::GetSingleton()->AddScore(enemiesPtr->GetPoints(index));
         } else if (HorizontalSide(pelkoH, move) != Side::none) {
             Pelko::GetSingleton()->Hurt();
         }
@@ -213,43 +175,43 @@ void CollisionList::CollideBlocksHorizontal() {
 
 bool CollisionList::CollideEntities() {
     bool result = false;
+    Pelko* pelkoPtr = Pelko::GetSingleton();
     EntityList* entitiesPtr = EntityList::GetSingleton();
-    ForEachTouchingNear(Pelko::GetSingleton()->GetPosition(), Pelko::GetSingleton()->GetHitRectHorizontal(),
-                        entitiesPtr, entitiesPtr->GetSize(), [&result](int index, RECT2) {
+    ForEachTouchingNear(pelkoPtr->GetPosition(), pelkoPtr->GetHitRectHorizontal(), entitiesPtr, entitiesPtr->GetSize(),
+                        [&result, pelkoPtr, entitiesPtr](int index, RECT2) {
                             result = true;
                             GameEngine::OutputDebugString("AABB - Pelko + Entity \n");
-                            TakeEntity(index);
+                            entitiesPtr->GiveTo(index, *pelkoPtr);
+                            entitiesPtr->Collect(index);
                         });
     return result;
 }
 
 void CollisionList::CollidePipeEntrance() {
-    EnterPipe(Level::GetSingleton()->GetPipeEntryRectVertical(), VK_DOWN, heroSinksIntoPipe,
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectVertical(), Action::goDown, heroSinksIntoPipe,
               "AABB - Pelko + Pipe Enterance\n");
 }
 
 void CollisionList::CollidePipeExit() {
-    EnterPipe(Level::GetSingleton()->GetPipeEntryRectHorizontal(), VK_RIGHT, heroWalksOutOfPipe,
+    EnterPipe(Level::GetSingleton()->GetPipeEntryRectHorizontal(), Action::walkRight, heroWalksOutOfPipe,
               "AABB - Pelko + Pipe Exit\n");
 }
 
 void CollisionList::CollideFlagPole() {
     const RECT2 poleRect = Level::GetSingleton()->GetFlagpoleRect();
     const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
-    const DOUBLE2 polePos(poleRect.left, pelkoPos.y); // at his height: only the distance along the ground counts
-    if (!IsNear(polePos, pelkoPos) || !Touch(poleRect, Pelko::GetSingleton()->GetHitRectHorizontal())) return;
+    const DOUBLE2 polePos(poleRect.left, pelkoPos.y); // at his height, so only the horizontal distance counts
+    if (!AreNear(polePos, pelkoPos) || !Touch(poleRect, Pelko::GetSingleton()->GetHitRectHorizontal())) return;
     Level::GetSingleton()->SetFlagReached();
     if (!Level::GetSingleton()->IsFlagDown()) Sound::GetSingleton()->PlaySound(effectFlag, soundPlay, 100);
 }
 
 void CollisionList::CollideShellWithEnemies() {
-    constexpr double overworldTop = 50.0; // the shell works between these only
-    constexpr double overworldBottom = 224.0;
     constexpr int shellScore = 200;
     EnemyList* enemiesPtr = EnemyList::GetSingleton();
     const DOUBLE2 dorvakPos = enemiesPtr->GetPosition(EnemyList::shellSlot);
     const RECT2 dorvak = enemiesPtr->GetHitRect(EnemyList::shellSlot);
-    if (dorvakPos.y <= overworldTop || dorvakPos.y >= overworldBottom) return;
+    if (dorvakPos.y <= chosenLevel.shellZone.top || dorvakPos.y >= chosenLevel.shellZone.bottom) return;
     ForEachTouchingNear(dorvakPos, dorvak, enemiesPtr, EnemyList::shellSlot, [=](int index, RECT2) {
         enemiesPtr->Kill(index);
         HUD::GetSingleton()->AddScore(shellScore);

@@ -1,11 +1,12 @@
 #include "game/player/Fireball.h"
 
 #include "engine/Bitmap.h"
-#include "engine/HitRegion.h"
+#include "game/ChosenLevel.h"
 #include "game/HUD.h"
 #include "game/Handy.h"
-#include "game/Level.h"
 #include "game/Sound.h"
+#include "game/StateReport.h"
+#include "game/TerrainContact.h"
 #include "game/entities/EnemyList.h"
 #include "game/player/BlockList.h"
 #include "game/player/Pelko.h"
@@ -15,18 +16,16 @@ constexpr int flyingFrames = 4;
 constexpr int explosionFrames = 3;
 constexpr int ticksPerFrame = 6;
 constexpr int lifeTicks = 300;
-constexpr double lowestY = 400.0;          // level pixels; below it a fireball has fallen out of sight
 constexpr double farthestFromHero = 200.0; // level pixels to either side
 constexpr double speed = 170.0;            // level pixels / s
-constexpr DOUBLE2 gravity(0.0, 13.0);      // pixels per tick, each second: the fall depends on the frame rate
+constexpr DOUBLE2 gravity(0.0, 13.0);      // pixels per tick, gained in a second: the fall depends on the frame rate
 constexpr double bounce = 3.0;             // pixels per tick, taken off the fall
-constexpr int nearRadius = 50;             // level pixels; nothing farther away is looked at
 } // namespace
 
 Fireball::Fireball(DOUBLE2 startPosition, Bitmap* flyingBitmapPtr, Bitmap* explodingBitmapPtr)
     : flyingStrip(flyingBitmapPtr, flyingFrames), explosionStrip(explodingBitmapPtr, explosionFrames),
       direction(Pelko::GetSingleton()->IsFacingRight() ? +1 : -1), width(flyingBitmapPtr->GetWidth()),
-      height(flyingBitmapPtr->GetHeight()), position(startPosition), hitRect(BoxAt(startPosition)) {
+      position(startPosition), hitRect(BoxAt(startPosition)) {
     Sound::GetSingleton()->PlaySound(effectFireballThrow, soundPlay, 100);
 }
 
@@ -42,15 +41,15 @@ void Fireball::Tick(double deltaTime) {
 
 void Fireball::EndWhenOldOrFar() {
     const DOUBLE2 pelkoPos = Pelko::GetSingleton()->GetPosition();
-    if (tickCounter >= lifeTicks || position.y >= lowestY || position.x < pelkoPos.x - farthestFromHero ||
-        position.x > pelkoPos.x + farthestFromHero) {
+    if (tickCounter >= lifeTicks || position.y >= chosenLevel.depths.fireballsEnd ||
+        position.x < pelkoPos.x - farthestFromHero || position.x > pelkoPos.x + farthestFromHero) {
         state = done;
     }
 }
 
 void Fireball::TickFlying(double deltaTime) {
     if (tickCounter % ticksPerFrame == 0) frame = (frame + 1) % flyingFrames;
-    // An explosion that one of these begins does not stop the others in the same tick.
+    // All of these run, even if one of them starts the explosion.
     BounceOffGround();
     ExplodeAtWall();
     ExplodeAtEnemy();
@@ -65,21 +64,17 @@ void Fireball::TickExploding() {
 }
 
 void Fireball::BounceOffGround() {
-    const DOUBLE2 start(position.x, position.y - flyingStrip.GetCellWidth() / 2);
-    const DOUBLE2 vector(0.0, height);
-    HIT hitArr[1];
-    if (Level::GetSingleton()->GetCollisionRegion()->Raycast(start, vector, hitArr, 1, -1) == 0) return;
-    velocity.y -= bounce; // off the fall, not instead of it: a faster fall bounces less high
-    position.y -= (1.0 - hitArr[0].lambda) * vector.y;
+    const DOUBLE2 start(position.x, position.y - flyingStrip.GetMiddleX());
+    const auto ground =
+        TerrainContact::Cast(start, DOUBLE2(0.0, flyingStrip.GetCellHeight()), TerrainContact::enteredSurfaces);
+    if (!ground) return;
+    velocity.y -= bounce; // subtracted, not set: after a faster fall it bounces less high
+    position += ground->PushBack();
 }
 
 void Fireball::ExplodeAtWall() {
-    const int cellWidth = flyingStrip.GetCellWidth();
-    HIT hitArr[1];
-    const DOUBLE2 start(position.x - cellWidth / 2, position.y);
-    if (Level::GetSingleton()->GetCollisionRegion()->Raycast(start, DOUBLE2(cellWidth, 0.0), hitArr, 1, 0) > 0) {
-        Explode();
-    }
+    const DOUBLE2 left(position.x - flyingStrip.GetMiddleX(), position.y);
+    if (TerrainContact::Cast(left, DOUBLE2(flyingStrip.GetCellWidth(), 0.0), TerrainContact::everySurface)) Explode();
 }
 
 void Fireball::ExplodeAtEnemy() {
@@ -88,9 +83,9 @@ void Fireball::ExplodeAtEnemy() {
         if (!Touches(enemiesPtr->GetPosition(i), enemiesPtr->GetHitRect(i))) continue;
         Sound::GetSingleton()->PlaySound(effectKillEnemy, soundPlay, 100);
         enemiesPtr->Kill(i);
-        HUD::GetSingleton()->AddScore(enemiesPtr->GetType(i) == enemySkreel ? 100 : 400);
+        HUD::GetSingleton()->AddScore(enemiesPtr->GetPoints(i));
         Explode();
-        return; // one fireball, one enemy
+        return; // a fireball hits one enemy only
     }
 }
 
@@ -100,12 +95,12 @@ void Fireball::RollOnBlocks() {
         const DOUBLE2 blockPos = blocksPtr->GetPosition(i);
         if (!Touches(blockPos, blocksPtr->GetHitRect(i))) continue;
         velocity.y = 0.0;
-        position.y = blockPos.y - height / 2;
+        position.y = blockPos.y - flyingStrip.GetMiddleY();
     }
 }
 
 void Fireball::Move(double deltaTime) {
-    hitRect = BoxAt(position); // before the move: the next tick's tests see where this one began
+    hitRect = BoxAt(position); // before the move: the tests of the next tick use the position of this one
     velocity.x = direction * speed * deltaTime;
     velocity += gravity * deltaTime;
     position += velocity;
@@ -118,23 +113,29 @@ void Fireball::Explode() {
 
 bool Fireball::Touches(DOUBLE2 otherPosition, RECT2 otherBox) const {
     const Handy* const handyPtr = Handy::GetSingleton();
-    return HasBox(otherBox) && handyPtr->IsPointNear(otherPosition, position, nearRadius) &&
-           handyPtr->RectsOverlap(otherBox, hitRect);
+    return handyPtr->AreNear(otherPosition, position) && handyPtr->Touch(otherBox, hitRect);
 }
 
 RECT2 Fireball::BoxAt(DOUBLE2 centre) const {
-    const double left = centre.x - width / 2;
-    const double top = centre.y - height / 2;
-    return {left, top, left + width, top + height};
+    const int halfWidth = width / 2;
+    const double left = centre.x - halfWidth;
+    const double top = centre.y - flyingStrip.GetMiddleY();
+    return {left, top, left + width, top + flyingStrip.GetCellHeight()};
 }
 
 void Fireball::Paint(MATRIX3X2 matView) {
     if (state == done) return;
     SpriteStrip& strip = state == flying ? flyingStrip : explosionStrip;
-    // put the middle of the cell on the position, then apply the camera
-    const DOUBLE2 offset(-(strip.GetCellWidth() / 2), -(strip.GetCellHeight() / 2));
-    const MATRIX3X2 matCenter = MATRIX3X2::CreateTranslationMatrix(offset);
-    const MATRIX3X2 matTranslate = MATRIX3X2::CreateTranslationMatrix(position);
     strip.Show(frame);
-    strip.Paint(matCenter * matTranslate * matView);
+    strip.PaintCentered(position, 1.0, 1.0, matView);
+}
+
+void Fireball::Report(StateReport& report) const {
+    report.Add("state", state);
+    report.Add("frame", frame);
+    report.Add("tickCounter", tickCounter);
+    report.Add("direction", direction);
+    report.Add("position", position);
+    report.Add("velocity", velocity);
+    report.Add("box", hitRect);
 }

@@ -6,24 +6,26 @@
 #include "game/entities/SpriteStrip.h"
 
 class Bitmap;
+class StateReport;
 
-/// What the hero throws: it bounces over the ground, rolls along blocks, explodes at walls and at the first enemy it
-/// touches. It ends after the explosion, when it gets too old, and when it is too far from the hero.
+/// A fireball of the hero. It bounces on the ground, rolls along blocks, and explodes at walls and at the first enemy
+/// that it touches. It ends after the explosion, when it is too old, or when it is too far from the hero.
 class Fireball {
 public:
-    /// Starts with its centre at `position`, flies where the hero faces, and is heard. Borrows both strips of cells:
-    /// four of the flying ball, three of the explosion.
+    /// Starts with its centre at `position`, flies in the hero's direction, and plays its sound. Borrows both bitmaps:
+    /// a strip of four cells for the flying ball and one of three cells for the explosion.
     Fireball(DOUBLE2 position, Bitmap* fireballBitmapPtr, Bitmap* explosionBitmapPtr);
     virtual ~Fireball() = default;
 
     void Tick(double deltaTime);
     void Paint(MATRIX3X2 matView);
 
-    /// Nothing moves or shows any more.
+    /// Whether it has ended: it no longer moves and is not drawn.
     bool IsDone() const { return state == done; }
     bool IsExploding() const { return state == exploding; }
     /// The centre.
     DOUBLE2 GetPosition() const { return position; }
+    void Report(StateReport& report) const;
 
 private:
     enum State : int { flying = 0, exploding = 1, done = 2 };
@@ -45,10 +47,9 @@ private:
     int tickCounter = 0;
     int frame = 0;
     int direction; // -1 left, +1 right
-    int width;     // of the box: the whole strip's, so that it reaches an enemy before the picture does
-    int height;
+    int width;     // of the box: that of the whole strip, so it hits an enemy before the picture reaches it
     State state = flying;
     DOUBLE2 position;
     DOUBLE2 velocity; // pixels per tick
-    RECT2 hitRect;    // one move behind the position
+    RECT2 hitRect;    // where it was before its last move
 };

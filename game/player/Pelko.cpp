@@ -1,112 +1,60 @@
-// The hero's motion: states, scripted moves, the level's outline, dying and teleports. His forms, star power and
-// drawing are in PelkoForms.cpp.
-
 #include "game/player/Pelko.h"
 
-#include "engine/Bitmap.h"
 #include "engine/GameEngine.h"
-#include "engine/HitRegion.h"
+#include "game/Actions.h"
+#include "game/ChosenLevel.h"
 #include "game/DataFile.h"
-#include "game/HUD.h"
 #include "game/Level.h"
 #include "game/Quillfen.h"
 #include "game/Sound.h"
-#include "game/SpriteSheet.h"
-#include "platform/Messages.h"
+#include "game/StateReport.h"
+#include "game/player/HeroTerrain.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr DOUBLE2 gravity(0.0, 800.0);      // level pixels / s^2
 constexpr double walkAcceleration = 120.0;  // level pixels / s^2
 constexpr double brakeAcceleration = 400.0; // level pixels / s^2, also that of friction
 constexpr double walkSpeed = 100.0;         // level pixels / s, the highest
 constexpr double standSpeed = 5.0;          // level pixels / s; friction stops anything slower
 constexpr double jumpSpeed = 335.0;         // level pixels / s
+constexpr double deathHopSpeed = 335.0;     // level pixels / s
 constexpr double stompBounceSpeed = 200.0;  // level pixels / s
-constexpr double fallingSpeed = 0.5;        // level pixels / s; anything faster has left the ground
+constexpr double fallingSpeed = 0.5;        // level pixels / s; faster than this he has left the ground
 constexpr double landedSpeed = 0.1;         // level pixels / s
 
-constexpr double sinkSpeed = 35.0;              // level pixels / s
-constexpr double walkOutSpeed = 18.0;           // level pixels / s
-constexpr DOUBLE2 walkHomeVelocity(25.0, 40.0); // level pixels / s; the fall keeps him on the ground
-constexpr int autoMoveTicks = 90;
 constexpr int hurtTicks = 180;
 
-constexpr DOUBLE2 startPosition(50.0, 150.0);
-constexpr DOUBLE2 undergroundPosition(50.0, 250.0);
-constexpr DOUBLE2 pipeExitPosition(2623.0, 136.0);
-constexpr DOUBLE2 undergroundCamera(0.0, 224.0);
-constexpr double checkpointX = 1130.0; // from here on he starts again at the checkpoint
-constexpr DOUBLE2 checkpointPosition(1072.0, 180.0);
-constexpr double fallOutY = 2000.0;
-
-constexpr double footInset = 2.0;   // level pixels from the sides to the feet
-constexpr double boxInset = 3.0;    // level pixels that the side box leaves free at head and feet
+constexpr double boxInset = 3.0;    // level pixels between the side box and his head, and his feet
 constexpr double throwHeight = 5.0; // level pixels from his top edge to a new fireball's centre
-
-constexpr int standingColumn = 0; // of the sprite sheet
-constexpr int walkColumns = 4;    // 1 to 4
-constexpr int jumpColumn = 6;
-constexpr int deadColumn = 7;
-constexpr int walkFrameTicks = 6;
-
-bool IsKeyDown(VirtualKey key) { return GameEngine::GetSingleton()->IsKeyDown(key); }
 } // namespace
 
-Pelko::Pelko()
-    : spriteSheetPtr(std::make_unique<Bitmap>("Resources/Images/Pelkos.png")),
-      fireballBitmapPtr(LoadSpriteSheet("Resources/Images/Fireball.bmp")),
-      explosionBitmapPtr(LoadSpriteSheet("Resources/Images/Explosion.bmp")),
-      levelRegionPtr(Level::GetSingleton()->GetCollisionRegion()) {
-    ReadDataFile();
-}
-
-Pelko::~Pelko() = default;
+Pelko::Pelko() { ReadDataFile(); }
 
 void Pelko::ReadDataFile() {
-    DataFile file("Resources/Files/Data_Pelko.txt");
-    if (!file.IsReadable()) {
-        GameEngine::GetSingleton()->MessageBox("File <Data_Pelko.txt> Could not be found!");
-        return;
-    }
-    int x = 0;
-    int y = 0;
-    DataLine line;
-    while (file.ReadLine(line)) {
-        if (line.label == "PositionX:     ") {
-            x = line.value;
-        } else if (line.label == "PositionY:     ") {
-            y = line.value;
-        } else if (line.label == "FormState:     " && x != 0 && y != 0) {
-            // The form closes a record; one without a place is not used, and what it gave so far counts on.
-            position = DOUBLE2(x, y);
-            form = line.value;
-            x = 0;
-            y = 0;
-        }
+    DataFile file(chosenLevel.heroFile);
+    DataRecord record;
+    while (file.ReadRecord("FormState:     ", record)) { // a later record replaces an earlier one
+        motion.position = DOUBLE2(record.x, record.y);
+        forms.Set(record.value);
     }
 }
 
 void Pelko::Tick(double deltaTime) {
     tickSeconds = deltaTime;
-    BeginFormChangeTick();
+    forms.BeginTick();
     UpdateInvulnerability();
     TickState();
-    velocity.x = std::clamp(velocity.x, -walkSpeed, walkSpeed);
-    Travel(); // the states choose the velocity, this spends it
+    motion.velocity.x = std::clamp(motion.velocity.x, -walkSpeed, walkSpeed);
+    Travel(); // the states set the velocity, this uses it
     PassCheckpoint();
     StayInLevel();
     RespawnAfterFall();
-    // Last: the rays must see where the move ended.
-    StayOutOfWalls();
-    StandOnGround();
+    StayOutOfTerrain(); // after all moves: the rays start where he is then
     if (!alive) Sound::GetSingleton()->PlaySound(effectDead, soundPlay, 100);
-    UpdateStar();
-    for (std::optional<Fireball>& fireball : fireballs) {
-        if (fireball) fireball->Tick(deltaTime);
-    }
+    star.Tick();
+    fireballs.Tick(deltaTime);
 }
 
 void Pelko::UpdateInvulnerability() {
@@ -122,24 +70,24 @@ void Pelko::TickState() {
     case heroWalking: TickWalking(); break;
     case heroDying: TickDying(); break;
     case heroAirborne: TickAirborne(); break;
-    case heroShrinking: TickShrinking(); break;
-    case heroGrowing: TickGrowing(); break;
+    case heroShrinking: FollowFormChange(forms.Shrink()); break;
+    case heroGrowing: FollowFormChange(forms.Grow()); break;
     case heroChanged: TickChanged(); break;
     default: break;
     }
 }
 
 void Pelko::TickStanding() {
-    frameColumn = standingColumn;
+    sprite.ShowStanding();
     if (IsFalling()) {
         state = heroAirborne;
         return;
     }
-    if (IsKeyDown(VK_LEFT) || IsKeyDown(VK_RIGHT)) {
+    if (IsHeld(Action::walkLeft) || IsHeld(Action::walkRight)) {
         state = heroWalking;
         return;
     }
-    if (IsKeyDown(VK_UP)) {
+    if (IsHeld(Action::jump)) {
         Jump();
         return;
     }
@@ -147,21 +95,18 @@ void Pelko::TickStanding() {
 }
 
 void Pelko::TickWalking() {
-    if (++walkFrameTimer == walkFrameTicks) {
-        walkFrameTimer = 0;
-        frameColumn = frameColumn % walkColumns + 1;
-    }
+    sprite.Walk();
     if (IsFalling()) {
         state = heroAirborne;
         return;
     }
-    if (IsKeyDown(VK_UP)) {
+    if (IsHeld(Action::jump)) {
         Jump();
         return;
     }
-    if (IsKeyDown(VK_RIGHT)) {
+    if (IsHeld(Action::walkRight)) {
         Accelerate(+1);
-    } else if (IsKeyDown(VK_LEFT)) {
+    } else if (IsHeld(Action::walkLeft)) {
         Accelerate(-1);
     } else {
         state = heroStanding;
@@ -169,161 +114,112 @@ void Pelko::TickWalking() {
 }
 
 void Pelko::TickDying() {
-    frameColumn = deadColumn;
+    sprite.ShowDead();
     alive = false;
 }
 
 void Pelko::TickAirborne() {
-    if (std::abs(velocity.y) < landedSpeed) {
-        frameColumn = standingColumn;
+    if (std::abs(motion.velocity.y) < landedSpeed) {
+        sprite.ShowStanding();
         state = heroStanding;
         return;
     }
-    if (IsKeyDown(VK_LEFT)) {
+    if (IsHeld(Action::walkLeft)) {
         Accelerate(-1);
-    } else if (IsKeyDown(VK_RIGHT)) {
+    } else if (IsHeld(Action::walkRight)) {
         Accelerate(+1);
     }
 }
 
-bool Pelko::IsFalling() const { return std::abs(velocity.y) > fallingSpeed; }
+void Pelko::FollowFormChange(HeroForms::Progress progress) {
+    if (progress == HeroForms::Progress::none) return;
+    invulnerabilityCounter = HeroForms::changeTicks;
+    if (progress == HeroForms::Progress::over) state = heroChanged;
+}
+
+void Pelko::TickChanged() {
+    forms.Release();
+    invulnerabilityCounter = 0;
+    invulnerable = false;
+    motion.velocity = {};
+    state = heroStanding;
+}
+
+bool Pelko::IsFalling() const { return std::abs(motion.velocity.y) > fallingSpeed; }
 
 void Pelko::Jump() {
-    frameColumn = jumpColumn;
-    velocity.y -= jumpSpeed;
+    sprite.ShowJumping();
+    motion.velocity.y -= jumpSpeed;
     Sound::GetSingleton()->PlaySound(effectJump, soundPlay, volumeUnchanged);
     state = heroAirborne;
 }
 
 void Pelko::Accelerate(int direction) {
-    if (velocity.x * direction < 0.0) velocity.x += direction * brakeAcceleration * tickSeconds;
-    velocity.x += direction * walkAcceleration * tickSeconds;
+    if (motion.velocity.x * direction < 0.0) motion.velocity.x += direction * brakeAcceleration * tickSeconds;
+    motion.velocity.x += direction * walkAcceleration * tickSeconds;
 }
 
 void Pelko::ApplyFriction() {
-    if (std::abs(velocity.x) < standSpeed) velocity.x = 0.0;
-    if (velocity.x > 0.0) {
-        velocity.x -= brakeAcceleration * tickSeconds;
-    } else if (velocity.x < 0.0) {
-        velocity.x += brakeAcceleration * tickSeconds;
+    if (std::abs(motion.velocity.x) < standSpeed) motion.velocity.x = 0.0;
+    if (motion.velocity.x > 0.0) {
+        motion.velocity.x -= brakeAcceleration * tickSeconds;
+    } else if (motion.velocity.x < 0.0) {
+        motion.velocity.x += brakeAcceleration * tickSeconds;
     }
 }
 
 // Moving
 
 void Pelko::Travel() {
-    if (transforming) return;
-    if (sinking || walkingOut || walkingIntoCastle) {
-        // A teleport at the end of one of them ends the others too.
-        if (sinking) SinkIntoPipe();
-        if (walkingOut) WalkOutOfPipe();
-        if (walkingIntoCastle) WalkIntoCastle();
-        return;
-    }
-    velocity += gravity * tickSeconds;
-    position += velocity * tickSeconds;
-}
-
-void Pelko::SinkIntoPipe() {
-    if (--autoMoveCounter < 0) {
-        GoUnderground();
+    if (forms.IsHeld()) return;
+    if (autoMoves.AreRunning()) {
+        autoMoves.Tick(*this, tickSeconds);
     } else {
-        position.y += sinkSpeed * tickSeconds;
+        motion.Fall(Motion::gravity, tickSeconds);
     }
-}
-
-void Pelko::WalkOutOfPipe() {
-    if (--autoMoveCounter < 0) {
-        ExitUnderground();
-    } else {
-        WalkFacingRight();
-        position.x += walkOutSpeed * tickSeconds;
-    }
-}
-
-void Pelko::WalkIntoCastle() {
-    WalkFacingRight();
-    position += walkHomeVelocity * tickSeconds;
 }
 
 void Pelko::WalkFacingRight() {
     facingRight = true;
-    // A change of form that begins in this very tick keeps its state: nothing else would bring it to its end.
-    if (!IsFormChanging()) state = heroWalking;
+    // If a change of form starts in this tick, its state must stay: otherwise the change would never end.
+    if (!forms.IsChanging()) state = heroWalking;
 }
 
 void Pelko::PassCheckpoint() {
-    if (position.x >= checkpointX) respawnPoint = checkpointPosition;
+    if (motion.position.x >= chosenLevel.checkpoint.fromX) respawnPoint = chosenLevel.checkpoint.start;
 }
 
 void Pelko::StayInLevel() {
-    constexpr int half = width / 2;
+    constexpr int half = HeroForms::halfWidth;
     const int levelWidth = Level::GetSingleton()->GetWidth();
-    if (position.x - half < 0.0) position.x = half;
-    if (position.x + half > levelWidth) position.x = levelWidth - half;
+    if (motion.position.x - half < 0.0) motion.position.x = half;
+    if (motion.position.x + half > levelWidth) motion.position.x = levelWidth - half;
 }
 
 void Pelko::RespawnAfterFall() {
-    if (position.y <= fallOutY) return;
+    if (motion.position.y <= chosenLevel.depths.heroReturns) return;
     SetAlive(true);
-    velocity = {};
+    motion.velocity = {};
     Quillfen::GetSingleton()->SetCameraPosition(0.0, 0.0);
-    position = respawnPoint;
+    motion.position = respawnPoint;
 }
 
-bool Pelko::CollidesWithLevel() const { return alive && !sinking && !walkingOut; }
-
-void Pelko::StayOutOfWalls() {
-    if (!CollidesWithLevel()) return;
-    const DOUBLE2 widthVector(width - 1, 0.0);
-    // Twice: between two walls the second cast finds what the push from the first one left.
-    for (int cast = 0; cast < 2; ++cast) {
-        const DOUBLE2 rayStart(position.x - width / 2, position.y + Height() / 2);
-        HIT hitArr[1];
-        if (levelRegionPtr->Raycast(rayStart, widthVector, hitArr, 1, 0) == 0) continue;
-        const double lambda = hitArr[0].lambda;
-        velocity.x = 0.0;
-        if (lambda > 0.5) {
-            position.x -= (1.0 - lambda) * widthVector.x;
-        } else {
-            position.x += lambda * widthVector.x;
-        }
-    }
-}
-
-void Pelko::StandOnGround() {
-    if (!CollidesWithLevel()) return;
-    const double height = Height();
-    const DOUBLE2 heightVector(0.0, height);
-    HIT hitArr[1];
-    // Two rays, not one: with a single middle ray a foot would hang through the edge of a platform.
-    for (const double footX : {position.x - width / 2 + footInset, position.x + width / 2 - footInset}) {
-        const DOUBLE2 rayStart(footX, position.y);
-        if (levelRegionPtr->Raycast(rayStart, heightVector, hitArr, 1, -1) == 0) continue;
-        velocity.y = 0.0;
-        position.y -= (1.0 - hitArr[0].lambda) * height;
-    }
-    const DOUBLE2 feet(position.x - width / 2, position.y + height);
-    if (levelRegionPtr->Raycast(feet, DOUBLE2(0.0, -height), hitArr, 1, -1) == 0) return;
-    velocity.y = 0.0;
-    position.y += (1.0 - hitArr[0].lambda) * height;
+void Pelko::StayOutOfTerrain() {
+    if (!alive || autoMoves.AreInPipe()) return;
+    PushOutOfWalls(motion, forms.GetHeight());
+    PutOnGround(motion, forms.GetHeight());
 }
 
 // What happens to him
 
 void Pelko::SetPosition(double x, double y) {
-    if (x != keepCoordinate) position.x = x;
-    if (y != keepCoordinate) position.y = y;
+    if (x != keepCoordinate) motion.position.x = x;
+    if (y != keepCoordinate) motion.position.y = y;
 }
 
-void Pelko::ResetVelocity(bool x, bool y) {
-    if (x) velocity.x = 0.0;
-    if (y) velocity.y = 0.0;
-}
+void Pelko::StompBounce() { motion.velocity.y = -stompBounceSpeed; }
 
-void Pelko::StompBounce() { velocity.y = -stompBounceSpeed; }
-
-void Pelko::BumpHead() { velocity.y = -velocity.y / 2.0; }
+void Pelko::BumpHead() { motion.velocity.y = -motion.velocity.y / 2.0; }
 
 void Pelko::Hurt() {
     if (IsDying()) return;
@@ -343,80 +239,85 @@ void Pelko::Grow() {
 void Pelko::SetAlive(bool newAlive) {
     if (newAlive) {
         alive = true;
-        EndFormChange();
+        forms.EndChange();
         SetState(heroStanding);
         return;
     }
     SetState(heroDying);
-    velocity = DOUBLE2(0.0, -jumpSpeed); // the death hop
+    motion.velocity = DOUBLE2(0.0, -deathHopSpeed);
 }
 
 void Pelko::SetState(int newState) {
-    if (newState == heroDying) EndFormChange();
+    if (newState == heroDying) forms.EndChange();
     state = newState;
 }
 
-void Pelko::StartAutoMove(int move) {
-    switch (move) {
-    case heroSinksIntoPipe: sinking = true; break;
-    case heroWalksOutOfPipe: walkingOut = true; break;
-    case heroWalksIntoCastle: walkingIntoCastle = true; break;
-    default: return;
-    }
-    autoMoveCounter = autoMoveTicks;
-}
-
-void Pelko::ShootFireball() {
-    for (std::optional<Fireball>& fireball : fireballs) {
-        if (fireball && fireball->IsDone()) fireball.reset();
-    }
-    const auto emptyPlace = std::find(fireballs.begin(), fireballs.end(), std::nullopt);
-    if (emptyPlace == fireballs.end()) return;
-    emptyPlace->emplace(DOUBLE2(position.x, position.y + throwHeight), fireballBitmapPtr.get(),
-                        explosionBitmapPtr.get());
-}
+void Pelko::ShootFireball() { fireballs.Throw(DOUBLE2(motion.position.x, motion.position.y + throwHeight)); }
 
 void Pelko::GoUnderground() {
-    Quillfen::GetSingleton()->SetCameraPosition(undergroundCamera.x, undergroundCamera.y);
-    Teleport(undergroundPosition, musicUnderworld, musicUnderworldHurry);
+    const RoomPlan& room = chosenLevel.room;
+    Quillfen::GetSingleton()->SetCameraPosition(room.view.x, room.view.y);
+    Teleport(room.start, room.music);
 }
 
-void Pelko::ExitUnderground() {
-    Teleport(pipeExitPosition, musicOverworld, musicOverworldHurry);
-} // the camera follows by itself
+void Pelko::ExitUnderground() { Teleport(chosenLevel.room.exit, chosenLevel.music); } // the camera follows by itself
 
 void Pelko::ResetToStart() {
     Quillfen::GetSingleton()->SetCameraPosition(0.0, 0.0);
-    Teleport(startPosition, musicOverworld, musicOverworldHurry);
+    Teleport(chosenLevel.start, chosenLevel.music);
 }
 
-void Pelko::Teleport(DOUBLE2 target, int music, int hurryMusic) {
-    velocity = {};
-    sinking = walkingOut = walkingIntoCastle = false;
-    position = target;
-    PlayMusicForTime(music, hurryMusic);
-}
-
-void Pelko::PlayMusicForTime(int music, int hurryMusic) {
-    constexpr int hurryTime = 100; // what the HUD shows when the music begins to hurry
-    Sound::GetSingleton()->PlayMusic(HUD::GetSingleton()->GetTime() > hurryTime ? music : hurryMusic, soundPlay,
-                                     volumeUnchanged);
+void Pelko::Teleport(DOUBLE2 target, const MusicPlan& music) {
+    motion.velocity = {};
+    autoMoves.End();
+    motion.position = target;
+    Level::StartMusic(music);
 }
 
 // Questions
 
-int Pelko::GetFormState() const { return form == heroBig || form == heroFire ? form : heroSmall; }
-
-int Pelko::Height() const { return GetFormState() == heroSmall ? smallHeight : bigHeight; }
-
 RECT2 Pelko::GetHitRectHorizontal() const {
     if (!alive || invulnerable) return {};
-    const double left = position.x - width / 2;
-    const double top = position.y + boxInset;
-    return {left, top, left + width, top + Height() - 2.0 * boxInset};
+    const double left = motion.position.x - HeroForms::halfWidth;
+    const double top = motion.position.y + boxInset;
+    return {left, top, left + HeroForms::width, top + forms.GetHeight() - 2.0 * boxInset};
 }
 
 RECT2 Pelko::GetHitRectVertical() const {
     if (!alive || invulnerable) return {};
-    return {position.x, position.y, position.x, position.y + Height()};
+    return {motion.position.x, motion.position.y, motion.position.x, motion.position.y + forms.GetHeight()};
+}
+
+void Pelko::Report(StateReport& report) const {
+    report.Add("velocity", motion.velocity);
+    report.Add("state", state);
+    report.Add("sideBox", GetHitRectHorizontal());
+    report.Add("heightBox", GetHitRectVertical());
+    report.Add("respawnPoint", respawnPoint);
+    report.Add("invulnerabilityCounter", invulnerabilityCounter);
+    sprite.Report(report);
+    autoMoves.Report(report);
+    forms.Report(report);
+    star.Report(report);
+}
+
+// Painting
+
+void Pelko::Paint(MATRIX3X2 matView) {
+    if (IsHeld(Action::walkLeft)) facingRight = false;
+    if (IsHeld(Action::walkRight)) facingRight = true;
+    sprite.Paint(motion.position, facingRight, forms.GetShown(), star.NextBand(), matView);
+    fireballs.Paint(matView);
+}
+
+void Pelko::PaintDebug(MATRIX3X2 matView) {
+    GameEngine* const enginePtr = GameEngine::GetSingleton();
+    const RECT2 verticalBox = GetHitRectVertical();
+    enginePtr->SetWorldMatrix(matView);
+    enginePtr->SetColor(COLOR(0, 0, 200, 100));
+    enginePtr->FillRect(verticalBox);
+    enginePtr->SetColor(COLOR(0, 200, 0, 100));
+    enginePtr->FillRect(GetHitRectHorizontal());
+    enginePtr->SetColor(COLOR(0, 0, 255, 255));
+    enginePtr->DrawRect(verticalBox, 1.0);
 }

@@ -1,4 +1,6 @@
-#include "platform/SoundDecoder.h"
+#include "platform/fluidsynth/MidiDecoder.h"
+
+#include "platform/core/media/MidiLength.h"
 
 #include <SDL.h>
 #include <fluidsynth.h>

@@ -1,13 +1,14 @@
 #include "platform/Picture.h"
 
 #include "platform/Pixel.h"
+#include "platform/core/pictures/Palette.h"
+#include "platform/core/pictures/PictureSize.h"
 
-#include <SDL2/SDL.h>
-#include <SDL2/SDL_image.h>
+#include <SDL.h>
+#include <SDL_image.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -16,54 +17,22 @@ namespace platform {
 
 namespace {
 
-// A picture of the level's kind is a few megapixels; far beyond that a header is damaged or hostile.
-constexpr int maxSide = 16384;
-constexpr std::int64_t maxPixels = 64LL * 1024 * 1024;
-
 struct SurfaceDeleter {
     void operator()(SDL_Surface* surfacePtr) const { SDL_FreeSurface(surfacePtr); }
 };
 using SurfacePtr = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
 
-std::uint32_t Premultiplied(std::uint32_t pixel) {
-    const std::uint32_t alpha = pixel >> 24;
-    return alpha == 255 ? pixel : ScaledPixel(pixel | 0xFF000000U, alpha);
-}
-
-std::uint32_t Straight(std::uint32_t pixel) {
-    const std::uint32_t alpha = pixel >> 24;
-    if (alpha == 255 || alpha == 0) return pixel;
-    const auto channel = [alpha](std::uint32_t value) { return std::min(255U, (value * 255 + alpha / 2) / alpha); };
-    return alpha << 24 | channel(pixel >> 16 & 255) << 16 | channel(pixel >> 8 & 255) << 8 | channel(pixel & 255);
-}
-
-bool IsSane(std::int64_t width, std::int64_t height) {
-    return width > 0 && height > 0 && width <= maxSide && height <= maxSide && width * height <= maxPixels;
-}
-
-/// Whether the size that the file states can be taken seriously. A few wrong bytes in a header ask for many gigabytes,
-/// and the decoder would first try to get them. Formats other than the usual two are looked at after decoding.
-bool StatesSaneSize(SDL_RWops* streamPtr) {
-    std::array<std::uint8_t, 26> head = {};
+/// Reads the head of a file and goes back to where it begins. False if the stream cannot go back.
+bool TakeHead(SDL_RWops* streamPtr, PictureHead& head) {
     const Sint64 start = SDL_RWtell(streamPtr);
-    SDL_RWread(streamPtr, head.data(), 1, head.size()); // what a short file lacks stays 0
-    if (SDL_RWseek(streamPtr, start, RW_SEEK_SET) != start) return false;
-    const auto number = [&](std::size_t at, int bytes, bool bigEndian) {
-        std::uint32_t value = 0;
-        for (int index = 0; index < bytes; ++index) {
-            const auto place = static_cast<std::size_t>(bigEndian ? index : bytes - 1 - index);
-            value = value << 8 | head[at + place];
-        }
-        return static_cast<std::int32_t>(value);
-    };
-    if (head[0] == 'B' && head[1] == 'M') {
-        constexpr int oldHeader = 12; // its sizes have two bytes; later ones four, and a negative height counts down
-        if (number(14, 4, false) == oldHeader) return IsSane(number(18, 2, false), number(20, 2, false));
-        return IsSane(number(18, 4, false), std::abs(static_cast<std::int64_t>(number(22, 4, false))));
-    }
-    if (head[0] == 0x89 && head[1] == 'P') return IsSane(number(16, 4, true), number(20, 4, true));
-    return true;
+    SDL_RWread(streamPtr, head.data(), 1, head.size());
+    return SDL_RWseek(streamPtr, start, RW_SEEK_SET) == start;
 }
+
+/// What the library keeps for a thread that decodes goes with the thread.
+struct ThreadCleaner {
+    ~ThreadCleaner() { SDL_TLSCleanup(); }
+};
 
 /// Pictures may be decoded on several threads, but the decoders' own start-up may not run twice at once. The
 /// descriptions of the usual pixel formats, which all surfaces share, are made here too, and so outlive every thread.
@@ -113,36 +82,24 @@ bool CopyByPalette(const SDL_Surface& surface, Picture& picture) {
 }
 
 std::optional<Picture> Decode(SDL_RWops* streamPtr) {
+    thread_local const ThreadCleaner cleaner;
     if (streamPtr == nullptr) return std::nullopt;
-    if (!StatesSaneSize(streamPtr)) {
+    PictureHead head = {};
+    if (!TakeHead(streamPtr, head) || !StatesSaneSize(head)) {
         SDL_RWclose(streamPtr);
         return std::nullopt;
     }
     PrepareDecoders();
     const SurfacePtr surfacePtr(IMG_Load_RW(streamPtr, 1));
-    if (!surfacePtr || !IsSane(surfacePtr->w, surfacePtr->h)) return std::nullopt;
+    if (!surfacePtr || !IsSanePictureSize(surfacePtr->w, surfacePtr->h)) return std::nullopt;
     try {
         Picture picture(surfacePtr->w, surfacePtr->h);
         const bool hasColorKey = SDL_HasColorKey(surfacePtr.get()) == SDL_TRUE;
         if (!hasColorKey && CopyByPalette(*surfacePtr, picture)) return picture;
         if (!CopyStraight(*surfacePtr, picture)) return std::nullopt;
-        for (std::uint32_t& pixel : picture.pixels) pixel = Premultiplied(pixel);
+        for (std::uint32_t& pixel : picture.pixels) pixel = PremultipliedPixel(pixel);
         return picture;
     } catch (const std::bad_alloc&) { return std::nullopt; }
-}
-
-/// The straight colours of an opaque picture, sorted; nothing if there are more than a palette holds.
-std::optional<std::vector<std::uint32_t>> PaletteOf(const Picture& picture) {
-    constexpr std::size_t largestPalette = 256;
-    std::vector<std::uint32_t> colours;
-    for (const std::uint32_t pixel : picture.pixels) {
-        if (pixel >> 24 != 255) return std::nullopt;
-        const auto place = std::lower_bound(colours.begin(), colours.end(), pixel);
-        if (place != colours.end() && *place == pixel) continue;
-        if (colours.size() == largestPalette) return std::nullopt;
-        colours.insert(place, pixel);
-    }
-    return colours;
 }
 
 /// One byte a pixel; `colours` must be sorted and hold every pixel's.
@@ -174,7 +131,7 @@ SurfacePtr MakeSurface(const Picture& picture, Uint32 format) {
     for (int y = 0; y < picture.height; ++y) {
         auto* rowPtr = reinterpret_cast<std::uint32_t*>(static_cast<std::uint8_t*>(surfacePtr->pixels) +
                                                         static_cast<std::ptrdiff_t>(y) * surfacePtr->pitch);
-        for (int x = 0; x < picture.width; ++x) rowPtr[x] = Straight(picture.At(x, y));
+        for (int x = 0; x < picture.width; ++x) rowPtr[x] = StraightPixel(picture.At(x, y));
     }
     if (format == SDL_PIXELFORMAT_ARGB8888) return surfacePtr;
     SDL_SetSurfaceBlendMode(surfacePtr.get(), SDL_BLENDMODE_NONE);

@@ -1,7 +1,8 @@
 #include "platform/LoopbackMedia.h"
 
 #include "platform/Desktop.h"
-#include "platform/openal/Mixer.h"
+#include "platform/core/media/Mixer.h"
+#include "platform/openal/OpenAlDevice.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,8 +16,8 @@ class OpenAlLoopback : public LoopbackMedia {
 public:
     explicit OpenAlLoopback(Desktop& timingDesktop) : desktop(timingDesktop) {
         auto ownedPtr = std::make_unique<Mixer>(
-            [this] { return static_cast<double>(desktop.Counter()) * desktop.SecondsPerCount(); },
-            [this] { return pluggedIn ? SoundDevice::OpenLoopback(samplesPerSecond) : nullptr; }, [] {});
+            desktop.GetBackend(), [this] { return static_cast<double>(desktop.Counter()) * desktop.SecondsPerCount(); },
+            [this] { return pluggedIn ? OpenAlDevice::OpenLoopback(samplesPerSecond) : nullptr; }, [] {});
         mixerPtr = ownedPtr.get();
         commandsPtr = MakeMedia(desktop, std::move(ownedPtr));
     }
@@ -34,7 +35,7 @@ public:
         while (!samples.empty()) {
             mixerPtr->DoRound();
             const std::span<float> next = samples.first(std::min(samples.size(), samplesPerRound));
-            if (SoundDevice* const devicePtr = mixerPtr->DevicePtr()) {
+            if (const auto* const devicePtr = static_cast<OpenAlDevice*>(mixerPtr->DevicePtr())) {
                 devicePtr->Render(next);
             } else {
                 std::fill(next.begin(), next.end(), 0.0F);

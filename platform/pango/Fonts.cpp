@@ -5,16 +5,12 @@
 #include <pango/pangocairo.h>
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 
 namespace platform {
 
 namespace {
 
 constexpr float longestSide = 100000.0F; // of a font, in pixels: beyond it the layout's whole numbers end
-constexpr int usualHeight = 18;          // of a line of text in a control, in pixels
-constexpr int greatestHeight = 1000;
 
 template <auto release>
 struct Freer {
@@ -24,18 +20,6 @@ struct Freer {
     }
 };
 using DescriptionPtr = std::unique_ptr<PangoFontDescription, Freer<&pango_font_description_free>>;
-
-class TextFactory : public IDWriteFactory {
-public:
-    std::unique_ptr<IDWriteTextFormat> CreateTextFormat(std::wstring_view family, float size) override {
-        if (family.empty() || !(size > 0.0F) || !std::isfinite(size)) return nullptr;
-        FontChoice font;
-        font.family = family;
-        font.size = size;
-        font.standIn = "monospace";
-        return std::make_unique<TextFormat>(std::move(font));
-    }
-};
 
 void SetSize(PangoFontDescription* descriptionPtr, float size) {
     const float shown = std::min(size, longestSide);
@@ -108,22 +92,6 @@ std::string LayoutText(std::wstring_view text) {
     std::string bytes = ToUtf8(text);
     std::replace(bytes.begin(), bytes.end(), '\0', ' ');
     return bytes;
-}
-
-std::unique_ptr<IDWriteFactory> CreateTextFactory() { return std::make_unique<TextFactory>(); }
-
-std::unique_ptr<IDWriteTextFormat> CreateControlFont(const ControlFont& font) {
-    FontChoice choice;
-    choice.family = font.family;
-    const int height =
-        font.cellHeight == 0 ? usualHeight : std::abs(std::clamp(font.cellHeight, -greatestHeight, greatestHeight));
-    choice.size = static_cast<float>(height);
-    choice.isCellHeight = true;
-    choice.standIn = "sans-serif";
-    choice.bold = font.bold;
-    choice.italic = font.italic;
-    choice.underline = font.underline;
-    return std::make_unique<TextFormat>(std::move(choice));
 }
 
 } // namespace platform

@@ -8,15 +8,17 @@
 namespace platform {
 
 namespace {
-constexpr std::size_t longestText = 32767; // characters; beyond some hundred thousand the library's numbers end
-
 float Pixels(int units) { return static_cast<float>(units) / PANGO_SCALE; }
 
 bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 } // namespace
 
+std::unique_ptr<TextLine> PangoLine::Make(std::wstring_view text, const FontChoice& font) {
+    return std::make_unique<PangoLine>(text, font);
+}
+
 PangoLine::PangoLine(std::wstring_view text, const FontChoice& font) {
-    const std::string bytes = LayoutText(text.substr(0, longestText));
+    const std::string bytes = LayoutText(text);
     layoutPtr = fontsPtr->Layout(bytes, font);
     pango_layout_set_single_paragraph_mode(layoutPtr.get(), TRUE);
     PangoRectangle extents;
@@ -51,9 +53,7 @@ std::size_t PangoLine::PlaceAt(float x) const {
     int trailing = 0; // not 0: the far side of what people see as the character
     const float nearby = std::clamp(x, -1.0F, width + 1.0F);
     pango_layout_line_x_to_index(Line(), static_cast<int>(nearby * PANGO_SCALE), &byte, &trailing);
-    const auto found = std::lower_bound(places.begin(), places.end(), byte,
-                                        [](const Place& place, int wanted) { return place.byte < wanted; });
-    const auto place = static_cast<std::size_t>(found - places.begin());
+    const std::size_t place = PlaceOf(byte);
     return trailing > 0 ? PlaceAfter(place) : std::min(place, End());
 }
 
@@ -67,51 +67,6 @@ std::vector<TextLine::Span> PangoLine::SpansOf(Range range) const {
     return spans;
 }
 
-std::size_t PangoLine::PlaceAfter(std::size_t place) const {
-    return After(place, [](const Place& candidate) { return candidate.isCaretStop; });
-}
-
-std::size_t PangoLine::PlaceBefore(std::size_t place) const {
-    return Before(place, [](const Place& candidate) { return candidate.isCaretStop; });
-}
-
-std::size_t PangoLine::WordAfter(std::size_t place) const {
-    return After(place, [](const Place& candidate) { return candidate.isWordStart; });
-}
-
-std::size_t PangoLine::WordBefore(std::size_t place) const {
-    return Before(place, [](const Place& candidate) { return candidate.isWordStart; });
-}
-
-TextLine::Range PangoLine::WordAround(std::size_t place) const {
-    const auto isEdge = [](const Place& candidate) { return candidate.isWordStart || candidate.isWordEnd; };
-    const std::size_t begin = Before(std::min(place + 1, End()), isEdge);
-    return {begin, After(begin, isEdge)};
-}
-
 _PangoLayoutLine* PangoLine::Line() const { return pango_layout_get_line_readonly(layoutPtr.get(), 0); }
-
-int PangoLine::ByteAt(std::size_t place) const { return places[std::min(place, End())].byte; }
-
-template <class Predicate>
-std::size_t PangoLine::After(std::size_t place, Predicate isWanted) const {
-    std::size_t candidate = place + 1;
-    while (candidate < End() && !isWanted(places[candidate])) ++candidate;
-    return std::min(candidate, End());
-}
-
-template <class Predicate>
-std::size_t PangoLine::Before(std::size_t place, Predicate isWanted) const {
-    std::size_t candidate = std::min(place, End());
-    while (candidate > 0) {
-        --candidate;
-        if (isWanted(places[candidate])) break;
-    }
-    return candidate;
-}
-
-std::unique_ptr<TextLine> MakeTextLine(std::wstring_view text, const IDWriteTextFormat& format) {
-    return std::make_unique<PangoLine>(text, static_cast<const TextFormat&>(format).font);
-}
 
 } // namespace platform

@@ -3,60 +3,13 @@
 #include "platform/Media.h"
 #include "platform/Unicode.h"
 #include "platform/core/TimerSchedule.h"
+#include "platform/core/WorkerTurns.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace platform {
-
-/// Where the main thread and the one that sleeps on the desktop meet once a frame.
-struct ScriptedDesktop::Rendezvous {
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool asleep = false;
-    bool called = false; // the sleeper may do one round
-    bool ended = false;
-
-    void AwaitAsleep() {
-        std::unique_lock lock(mutex);
-        changed.wait(lock, [this] { return asleep || ended; });
-    }
-
-    /// Lets the sleeping thread do one round and returns when it sleeps again.
-    void RunOneRound() {
-        std::unique_lock lock(mutex);
-        called = true;
-        changed.notify_all();
-        changed.wait(lock, [this] { return (asleep && !called) || ended; });
-    }
-};
-
-class ScriptedDesktop::FrameSleeper : public Sleeper {
-public:
-    explicit FrameSleeper(std::shared_ptr<Rendezvous> sharedPtr) : rendezvousPtr(std::move(sharedPtr)) {}
-    ~FrameSleeper() override { Wake(); }
-
-    bool Sleep(int) override {
-        Rendezvous& meeting = *rendezvousPtr;
-        std::unique_lock lock(meeting.mutex);
-        meeting.asleep = true;
-        meeting.changed.notify_all();
-        meeting.changed.wait(lock, [&meeting] { return meeting.called || meeting.ended; });
-        meeting.asleep = false;
-        meeting.called = false;
-        return !meeting.ended;
-    }
-
-    void Wake() override {
-        const std::lock_guard lock(rendezvousPtr->mutex);
-        rendezvousPtr->ended = true;
-        rendezvousPtr->changed.notify_all();
-    }
-
-private:
-    std::shared_ptr<Rendezvous> rendezvousPtr;
-};
 
 /// The timers that run, on the frames' clock.
 struct ScriptedDesktop::Timers {
@@ -114,8 +67,9 @@ private:
     std::unique_ptr<MediaInterface> playerPtr;
 };
 
-ScriptedDesktop::ScriptedDesktop(double frameSeconds)
-    : secondsPerFrame(frameSeconds), timersPtr(std::make_shared<Timers>()) {}
+ScriptedDesktop::ScriptedDesktop(double frameSeconds, const Backend& backend)
+    : Desktop(backend), secondsPerFrame(frameSeconds), turnsPtr(std::make_unique<WorkerTurns>()),
+      timersPtr(std::make_shared<Timers>()) {}
 
 ScriptedDesktop::~ScriptedDesktop() { CloseMedia(); }
 
@@ -170,10 +124,7 @@ bool ScriptedDesktop::IsKeyDown(int virtualKey) const {
     return virtualKey >= VK_SHIFT && virtualKey <= VK_MENU && (keys[left] || keys[left + 1]);
 }
 
-std::unique_ptr<Sleeper> ScriptedDesktop::MakeSleeper() {
-    rendezvousPtr = std::make_shared<Rendezvous>();
-    return std::make_unique<FrameSleeper>(rendezvousPtr);
-}
+std::unique_ptr<Worker> ScriptedDesktop::StartWorker(Worker::Work work) { return turnsPtr->Start(std::move(work)); }
 
 std::unique_ptr<PeriodicTimer> ScriptedDesktop::MakeTimer(std::function<void()> callback) {
     return std::make_unique<FrameTimer>(timersPtr, std::move(callback));
@@ -229,11 +180,9 @@ void ScriptedDesktop::BeginFrame() {
         PostMessage(MainWindow(), WM_DESTROY, 0, 0);
         return;
     }
-    // The thread must have finished its last round before keys change under it.
-    if (rendezvousPtr) rendezvousPtr->AwaitAsleep();
     timersPtr->RunUntil(Now());
     RunEvents();
-    if (rendezvousPtr) rendezvousPtr->RunOneRound();
+    turnsPtr->Run();
 }
 
 void ScriptedDesktop::RunEvents() {

@@ -1,10 +1,9 @@
 #include "platform/sdl/Screen.h"
 
-#include "platform/Pacer.h"
-#include "platform/Picture.h"
-#include "platform/Resources.h"
+#include "platform/Pixel.h"
+#include "platform/core/screen/Pacer.h"
+#include "platform/core/screen/Placement.h"
 #include "platform/sdl/DisplayProbe.h"
-#include "platform/sdl/Placement.h"
 
 #include <SDL.h>
 
@@ -79,22 +78,11 @@ void Screen::MoveTo(POINT position) {
     if (!fullscreen) SDL_SetWindowPosition(windowPtr.get(), position.x, position.y);
 }
 
-void Screen::SetIcon(WORD resourceId) {
-    const auto bytes = FindResource(resourceId, "ICON");
-    if (bytes.empty()) return;
-    auto picture = DecodePicture(bytes);
-    if (!picture) return;
-    for (std::uint32_t& pixel : picture->pixels) {
-        // Icons are wanted with their colours as they are, ours carry them multiplied by alpha.
-        const std::uint32_t alpha = pixel >> 24;
-        const auto plain = [pixel, alpha](int shift) {
-            return alpha == 0 ? 0 : std::min(255U, (((pixel >> shift) & 0xFF) * 255 + alpha / 2) / alpha) << shift;
-        };
-        pixel = alpha << 24 | plain(16) | plain(8) | plain(0);
-    }
-    const std::unique_ptr<SDL_Surface, Closer> iconPtr(SDL_CreateRGBSurfaceWithFormatFrom(
-        picture->pixels.data(), picture->width, picture->height, 32, picture->width * 4, framePixels));
-    if (iconPtr) SDL_SetWindowIcon(windowPtr.get(), iconPtr.get());
+void Screen::SetIcon(Picture icon) {
+    for (std::uint32_t& pixel : icon.pixels) pixel = StraightPixel(pixel);
+    const std::unique_ptr<SDL_Surface, Closer> surfacePtr(SDL_CreateRGBSurfaceWithFormatFrom(
+        icon.pixels.data(), icon.width, icon.height, 32, icon.width * 4, framePixels));
+    if (surfacePtr) SDL_SetWindowIcon(windowPtr.get(), surfacePtr.get());
 }
 
 bool Screen::SetFullscreen(bool fill) {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "platform/Desktop.h"
-#include "platform/sdl/Scaler.h"
+#include "platform/Picture.h"
+#include "platform/core/screen/Scaler.h"
 
 #include <memory>
 #include <string>
@@ -26,7 +27,7 @@ public:
 
     void Show(bool visible);
     void MoveTo(POINT position);
-    void SetIcon(WORD resourceId);
+    void SetIcon(Picture icon);
     /// Fills the whole screen, or goes back to the window as it was before.
     bool SetFullscreen(bool fill);
     /// Shows the frame; with `waitForBlank` the driver may wait for the display's blank, unless that comes too seldom.

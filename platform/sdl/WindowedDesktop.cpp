@@ -1,23 +1,24 @@
 #include "platform/WindowedDesktop.h"
 
 #include "platform/Media.h"
-#include "platform/Pacer.h"
+#include "platform/Resources.h"
 #include "platform/Unicode.h"
-#include "platform/sdl/Debugger.h"
-#include "platform/sdl/Keyboard.h"
+#include "platform/core/Backend.h"
+#include "platform/core/Debugger.h"
+#include "platform/core/ThreadWorker.h"
+#include "platform/core/screen/Keyboard.h"
+#include "platform/core/screen/Pacer.h"
+#include "platform/sdl/EventBell.h"
+#include "platform/sdl/ModalBox.h"
 #include "platform/sdl/Screen.h"
-#include "platform/sdl/ThreadSleeper.h"
+#include "platform/sdl/VideoLibrary.h"
+#include "platform/sdl/VirtualKey.h"
 
-#define SDL_MAIN_HANDLED // main is our own on every system
 #include <SDL.h>
 
-#include <array>
-#include <atomic>
 #include <chrono>
-#include <condition_variable>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -25,6 +26,8 @@ namespace platform {
 
 namespace {
 using Clock = std::chrono::steady_clock;
+
+constexpr auto noticePeriod = std::chrono::milliseconds(50);
 
 /// The character that a key types without being text, 0 if none.
 char32_t ControlCharacter(int virtualKey) {
@@ -44,82 +47,18 @@ WPARAM MouseFlags() {
            ((modifiers & KMOD_SHIFT) != 0 ? MK_SHIFT : 0) | ((modifiers & KMOD_CTRL) != 0 ? MK_CONTROL : 0);
 }
 
-/// The window library, running for as long as this lives; without a display it is not ready.
-class VideoLibrary {
-public:
-    VideoLibrary() {
-        SDL_SetMainReady();
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"); // a plain surface stays plain, whatever GL there is
-        SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
-        SDL_SetHint(SDL_HINT_MOUSE_AUTO_CAPTURE, "0");        // messages end at the window's edge
-        SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");  // the click that activates is a click as well
-        SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"); // closing is asked for by the window's own event
-        SDL_SetHint(SDL_HINT_WINDOWS_DPI_AWARENESS, "permonitorv2");
-#if defined(SDL_VIDEO_DRIVER_X11) || defined(SDL_VIDEO_DRIVER_WAYLAND)
-        // Left to itself the library ends with drivers that show nothing to anybody.
-        ready = (IsSet("DISPLAY") && Start("x11")) || (IsSet("WAYLAND_DISPLAY") && Start("wayland"));
-#else
-        ready = Start(nullptr);
-#endif
-    }
-    ~VideoLibrary() {
-        if (ready) SDL_VideoQuit();
-        SDL_Quit();
-    }
-    VideoLibrary(const VideoLibrary&) = delete;
-    VideoLibrary& operator=(const VideoLibrary&) = delete;
-
-    bool IsReady() const { return ready; }
-    /// Why it is not.
-    const std::string& Error() const { return error; }
-
-private:
-    static bool IsSet(const char* variable) {
-        const char* const value = std::getenv(variable);
-        return value != nullptr && *value != '\0';
-    }
-    bool Start(const char* driver) {
-        if (SDL_VideoInit(driver) == 0) return true;
-        error = SDL_GetError();
-        return false;
-    }
-
-    bool ready = false;
-    std::string error = "there is no display";
-};
-
-/// While a box is shown nobody looks at what the window library would make of Ctrl+C: as long as this lives it ends the
-/// program the plain way.
-class PlainSignals {
-public:
-    PlainSignals() {
-        for (std::size_t index = 0; index < numbers.size(); ++index) {
-            handlers[index] = std::signal(numbers[index], SIG_DFL);
-            if (handlers[index] == SIG_IGN) std::signal(numbers[index], SIG_IGN);
-        }
-    }
-    ~PlainSignals() {
-        for (std::size_t index = 0; index < numbers.size(); ++index) std::signal(numbers[index], handlers[index]);
-    }
-    PlainSignals(const PlainSignals&) = delete;
-    PlainSignals& operator=(const PlainSignals&) = delete;
-
-private:
-    static constexpr std::array<int, 2> numbers = {SIGINT, SIGTERM};
-    std::array<void (*)(int), 2> handlers{};
-};
-
 struct PointerFreer {
     void operator()(SDL_Cursor* pointerPtr) const { SDL_FreeCursor(pointerPtr); }
 };
 
 class WindowedDesktop : public Desktop {
 public:
+    using Desktop::Desktop;
     ~WindowedDesktop() override { CloseMedia(); }
 
     POINT ScreenSize() const override;
     bool IsKeyDown(int virtualKey) const override { return keyboard.IsDown(virtualKey); }
-    std::unique_ptr<Sleeper> MakeSleeper() override { return std::make_unique<ThreadSleeper>(); }
+    std::unique_ptr<Worker> StartWorker(Worker::Work work) override { return ThreadWorker::Start(std::move(work)); }
     std::int64_t Counter() const override { return Clock::now().time_since_epoch().count(); }
     double SecondsPerCount() const override {
         return static_cast<double>(Clock::period::num) / static_cast<double>(Clock::period::den);
@@ -134,7 +73,7 @@ public:
 
 protected:
     void PumpEvents(bool wait) override;
-    void WakeEvents() override;
+    void WakeEvents() override { bell.Ring(); }
     std::unique_ptr<MediaInterface> MakeMedia() override;
     bool OpenMainWindow(Window& window) override;
     void ShowMainWindow(Window& window) override;
@@ -144,7 +83,6 @@ protected:
     void ShowTextPointer(bool show) override;
 
 private:
-    void WaitForEvents();
     void Handle(const SDL_Event& event);
     void HandleWindow(const SDL_WindowEvent& event);
     void HandleKey(const SDL_KeyboardEvent& event);
@@ -154,9 +92,10 @@ private:
     void PostSize(WPARAM how);
     void Activate(bool active);
     void UpdateBounds();
+    void ShowIcon(WORD resourceId);
 
     VideoLibrary video;
-    const std::thread::id mainThread = std::this_thread::get_id();
+    EventBell bell{video.IsReady()};
     std::unique_ptr<Screen> screenPtr;
     std::unique_ptr<SDL_Cursor, PointerFreer> textPointerPtr; // made when it is first needed
     Keyboard keyboard;
@@ -166,10 +105,6 @@ private:
     bool isActive = false;
     bool menuKeyAlone = false; // Alt or F10 is down and nothing else was pressed since
     WORD pendingIcon = 0;      // put on the window when the first frame is seen
-
-    std::atomic<bool> wakeRequested{false};
-    std::mutex wakeMutex; // this pair is for waiting without a display
-    std::condition_variable wakeChanged;
 };
 
 POINT WindowedDesktop::ScreenSize() const {
@@ -181,7 +116,7 @@ POINT WindowedDesktop::ScreenSize() const {
 bool WindowedDesktop::Present(HWND window, const FrameView& frame, bool waitForBlank) {
     if (window == nullptr || window != MainWindow() || !screenPtr) return false;
     if (!screenPtr->Present(frame, waitForBlank)) return false;
-    if (pendingIcon != 0) screenPtr->SetIcon(std::exchange(pendingIcon, WORD{0}));
+    if (pendingIcon != 0) ShowIcon(std::exchange(pendingIcon, WORD{0}));
     if (!waitForBlank) return true;
     if (const double rate = screenPtr->BlankRate(); rate != blankRate) {
         blankRate = rate;
@@ -197,14 +132,8 @@ bool WindowedDesktop::Present(HWND window, const FrameView& frame, bool waitForB
 void WindowedDesktop::MessageBox(std::wstring_view text, std::wstring_view caption) {
     const std::string message = ToUtf8(text);
     const std::string title = ToUtf8(caption);
-    const SDL_MessageBoxButtonData button{
-        SDL_MESSAGEBOX_BUTTON_RETURNKEY_DEFAULT | SDL_MESSAGEBOX_BUTTON_ESCAPEKEY_DEFAULT, 0, "OK"};
-    SDL_Window* const owner = screenPtr ? screenPtr->Handle() : nullptr;
-    const SDL_MessageBoxData box{
-        SDL_MESSAGEBOX_INFORMATION, owner, title.c_str(), message.c_str(), 1, &button, nullptr};
-    const PlainSignals plainSignals;
-    int pressed = 0;
-    if (!video.IsReady() || SDL_ShowMessageBox(&box, &pressed) != 0) {
+    SDL_Window* const ownerPtr = screenPtr ? screenPtr->Handle() : nullptr;
+    if (!video.IsReady() || !ShowModalBox(ownerPtr, title, message)) {
         std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
     }
 }
@@ -235,41 +164,16 @@ void WindowedDesktop::SetClipboardText(std::wstring_view text) {
 bool WindowedDesktop::SetFullscreen(bool fullscreen) { return screenPtr && screenPtr->SetFullscreen(fullscreen); }
 
 void WindowedDesktop::PumpEvents(bool wait) {
-    if (wait) WaitForEvents();
+    if (wait) {
+        // Notices of ended sounds are found by looking. In the background sound rests, and so does this.
+        const bool mayHear = playerPtr != nullptr && (isActive || !screenPtr);
+        bell.Wait(mayHear ? std::optional(noticePeriod) : std::nullopt);
+    }
     if (video.IsReady()) {
         for (SDL_Event event; SDL_PollEvent(&event) != 0;) Handle(event);
     }
-    wakeRequested = false;
+    bell.Reset();
     if (playerPtr != nullptr) playerPtr->Update();
-}
-
-void WindowedDesktop::WaitForEvents() {
-    // Notices of ended sounds are found by looking. In the background sound rests, and so does this.
-    constexpr auto noticePeriod = std::chrono::milliseconds(50);
-    const bool mayHear = playerPtr != nullptr && (isActive || !screenPtr);
-    if (video.IsReady()) {
-        SDL_WaitEventTimeout(nullptr, mayHear ? static_cast<int>(noticePeriod.count()) : -1);
-        return;
-    }
-    std::unique_lock lock(wakeMutex);
-    const auto isWoken = [this] { return wakeRequested.load(); };
-    if (mayHear) {
-        wakeChanged.wait_for(lock, noticePeriod, isWoken);
-    } else {
-        wakeChanged.wait(lock, isWoken);
-    }
-}
-
-void WindowedDesktop::WakeEvents() {
-    if (std::this_thread::get_id() == mainThread || wakeRequested.exchange(true)) return;
-    if (video.IsReady()) {
-        SDL_Event event{};
-        event.type = SDL_USEREVENT;
-        SDL_PushEvent(&event);
-    } else {
-        const std::lock_guard lock(wakeMutex);
-        wakeChanged.notify_all();
-    }
 }
 
 std::unique_ptr<MediaInterface> WindowedDesktop::MakeMedia() {
@@ -421,6 +325,12 @@ void WindowedDesktop::UpdateBounds() {
     bounds = {position.x, position.y, position.x + bounds.right - bounds.left, position.y + bounds.bottom - bounds.top};
 }
 
+void WindowedDesktop::ShowIcon(WORD resourceId) {
+    if (auto picture = GetBackend().decodePicture(FindResource(resourceId, "ICON"))) {
+        screenPtr->SetIcon(std::move(*picture));
+    }
+}
+
 void WindowedDesktop::HoldMouse(bool hold) {
     if (video.IsReady()) SDL_CaptureMouse(hold ? SDL_TRUE : SDL_FALSE);
 }
@@ -433,6 +343,8 @@ void WindowedDesktop::ShowTextPointer(bool show) {
 
 } // namespace
 
-std::unique_ptr<Desktop> MakeWindowedDesktop() { return std::make_unique<WindowedDesktop>(); }
+std::unique_ptr<Desktop> MakeWindowedDesktop(const Backend& backend) {
+    return std::make_unique<WindowedDesktop>(backend);
+}
 
 } // namespace platform

@@ -1,4 +1,4 @@
-#include "platform/SoundDecoder.h"
+#include "platform/sndfile/RecordingDecoder.h"
 
 #include <sndfile.h>
 

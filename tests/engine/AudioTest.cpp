@@ -103,6 +103,14 @@ TEST_F(AudioObject, SendsOneCommandAFrameInTheOrderOfTheRequests) {
                 ElementsAre(L"pause " + alias, L"resume " + alias, L"stop " + alias,
                             L"setaudio " + alias + L" volume to 0", L"play " + alias + L" from 10 to 20 notify"));
     EXPECT_EQ(audioPtr->GetVolume(), 0);
+
+    std::vector<std::wstring> requests; // more than there are frames: they wait
+    for (int volume = 0; volume <= 100; ++volume) {
+        audioPtr->SetVolume(volume);
+        requests.push_back(L"setaudio " + alias + L" volume to " + std::to_wstring(10 * volume));
+        if (volume % 3 == 0) audioPtr->Tick();
+    }
+    EXPECT_EQ(RunFrames(100), requests);
 }
 
 TEST_F(AudioObject, TellsItsListenersThatItHasEnded) {
@@ -124,6 +132,12 @@ TEST_F(AudioObject, TellsItsListenersThatItHasEnded) {
     RunFrames(2);
     EXPECT_EQ(listener.calls, 1);
     RunFrames(3);
+    EXPECT_EQ(listener.calls, 2);
+
+    audioPtr->Play(0, -1);
+    RunFrames(3);
+    audioPtr->Stop(); // before its command is sent the sound comes to its end
+    for (int frame = 0; frame < 6; ++frame) desktop.EndFrame();
     EXPECT_EQ(listener.calls, 2);
 }
 

@@ -1,5 +1,5 @@
 #include "engine/GameEngine.h"
-#include "platform/ScriptedDesktop.h"
+#include "tests/support/Stage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,11 +23,15 @@ public:
         std::vector<double> steps;
         std::function<void(int tick)> onTick = [](int) {};
         std::function<void()> onPaint = [] {};
+        std::function<void()> onEnd = [] {}; // in GameEnd and in the destructor
         bool runsLoop = true;
         String keys = String(L"EQ");
     };
     explicit DiaryGame(Log& sharedLog) : log(sharedLog) {}
-    ~DiaryGame() override { log.calls.emplace_back("delete"); }
+    ~DiaryGame() override {
+        log.calls.emplace_back("delete");
+        log.onEnd();
+    }
 
     void GameInitialize(HINSTANCE instance) override {
         AbstractGame::GameInitialize(instance);
@@ -36,7 +40,10 @@ public:
         log.calls.emplace_back("initialize");
     }
     void GameStart() override { log.calls.emplace_back("start"); }
-    void GameEnd() override { log.calls.emplace_back("end"); }
+    void GameEnd() override {
+        log.calls.emplace_back("end");
+        log.onEnd();
+    }
     void CheckKeyboard() override { log.calls.emplace_back("check"); }
     void GameTick(double deltaTime) override {
         log.calls.emplace_back("tick");
@@ -69,7 +76,9 @@ protected:
 
     int Run(int frames) {
         desktop->End(frames);
-        GameEngine::GetSingleton()->SetGame(new DiaryGame(log));
+        auto* const gamePtr = new DiaryGame(log);
+        GameEngine::GetSingleton()->SetGame(gamePtr);
+        GameEngine::GetSingleton()->SetGame(gamePtr); // again changes nothing
         return GameEngine::GetSingleton()->Run(nullptr, 1);
     }
     /// The calls without the four of every frame.
@@ -137,6 +146,19 @@ TEST_F(EngineLoop, ReportsEachReleaseOnceBeforeTheFrameThatFollowsIt) {
     EXPECT_EQ(TicksBefore("key E"), 9);
 }
 
+TEST_F(EngineLoop, HearsKeysThatAThreadPolls) {
+    auto desktopPtr = std::make_unique<Stage::Desktop>();
+    desktopPtr->hasThreads = true;
+    desktop = desktopPtr.get();
+    Desktop::Use(std::move(desktopPtr));
+    log.onTick = [this](int tick) {
+        desktop->SetKey('E', tick / 100 % 2 == 0); // a release is sooner or later found between two polls
+        if (Events().size() > 2) GameEngine::GetSingleton()->QuitGame();
+    };
+    Run(1'000'000);
+    EXPECT_EQ(Events()[2], "key E");
+}
+
 TEST_F(EngineLoop, WatchesOnlyTheFirst32Keys) {
     String keys(L"");
     for (int i = 0; i < 32; ++i) keys += L'A';
@@ -161,6 +183,10 @@ TEST_F(EngineLoop, QuitsBeforeAnotherFrameRuns) {
 
 TEST_F(EngineLoop, EndsInOrderWhenTheWindowIsClosed) {
     desktop->At(3, [this] { desktop->PostMessage(desktop->MainWindow(), WM_CLOSE, 0, 0); });
+    log.onEnd = [] {
+        EXPECT_EQ(GameEngine::GetSingleton()->GetWindow(), nullptr);
+        EXPECT_EQ(GameEngine::GetSingleton()->GetWindowPosition(), POINT{});
+    };
     EXPECT_EQ(Run(100), 0);
     EXPECT_EQ(log.steps.size(), 3U);
     EXPECT_THAT(Events(), ElementsAre("initialize", "start", "end", "delete"));
@@ -262,6 +288,35 @@ TEST_F(EngineLoop, NamesAnUntitledBoxNoTitle) {
     EXPECT_EQ(desktop->boxes[0].caption, L"No Title");
     EXPECT_EQ(desktop->boxes[1].text, L"1.5");
     EXPECT_EQ(desktop->boxes[1].caption, L"Chess");
+    Run(0); // ends the engine
+}
+
+TEST_F(EngineLoop, GoesFullscreenAtTheCornerAndBackToWhereTheWindowWas) {
+    log.onTick = [](int tick) {
+        GameEngine& engine = *GameEngine::GetSingleton();
+        if (tick > 0) return;
+        EXPECT_FALSE(engine.GoWindowedMode());
+        engine.SetWindowPosition(30, 40);
+        EXPECT_TRUE(engine.GoFullscreen());
+        EXPECT_FALSE(engine.GoFullscreen());
+        EXPECT_TRUE(engine.IsFullscreen());
+        EXPECT_EQ(engine.GetWindow()->bounds, (RECT{0, 0, 640, 480}));
+        EXPECT_EQ(engine.GetWindow()->style, 0x82080000U);
+        EXPECT_TRUE(engine.GoWindowedMode());
+        EXPECT_FALSE(engine.IsFullscreen());
+        EXPECT_EQ(engine.GetWindow()->bounds, (RECT{30, 40, 670, 520}));
+        EXPECT_EQ(engine.GetWindow()->style, 0x82C80000U);
+    };
+    Run(1);
+}
+
+TEST_F(EngineLoop, PrintsEachByteOfNarrowTextAsOneCharacter) {
+    GameEngine& engine = *GameEngine::GetSingleton();
+    testing::internal::CaptureStdout();
+    engine.OpenConsole();
+    engine.ConsolePrintString(std::string("caf\xE9"));
+    engine.ConsolePrintString(std::string("\xFF"), 4, 0);
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::EndsWith("caf\u00E9\n\x1b[1;5H\u00FF\n"));
     Run(0); // ends the engine
 }
 

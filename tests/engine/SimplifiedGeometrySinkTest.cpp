@@ -1,5 +1,7 @@
 #include "engine/SimplifiedGeometrySink.h"
 
+#include "tests/support/Stage.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -96,6 +98,7 @@ TEST(SimplifiedGeometrySinkTest, CurvesWithoutTangentPointsEndAfterThreeHalvings
 }
 
 TEST(SimplifiedGeometrySinkTest, PassesTheConvertedShapeOn) {
+    const Stage stage;
     const auto factoryPtr = platform::CreateGeometryFactory();
     const auto pathPtr = factoryPtr->CreatePathGeometry();
     ID2D1GeometrySink* innerPtr = nullptr;

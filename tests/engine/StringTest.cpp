@@ -45,8 +45,11 @@ TEST(String, AnswersAtTheEdgesOfTheText) {
     EXPECT_EQ(Text(letters.SubStr(4, 3)), "");
     EXPECT_EQ(Text(letters.SubStr(4)), "ef");
     EXPECT_EQ(Text(letters.SubStr(6)), "");
-    EXPECT_EQ(Text(letters.SubStr(-1, 2)), "");
-    EXPECT_EQ(Text(letters.SubStr(1, std::numeric_limits<int>::max())), "");
+    constexpr int largest = std::numeric_limits<int>::max();
+    constexpr int smallest = std::numeric_limits<int>::min();
+    for (const int index : {smallest, -1, largest}) EXPECT_EQ(Text(letters.SubStr(index)), "");
+    for (const int index : {smallest, -1, 1, largest})
+        for (const int length : {smallest, -1, 0, largest}) EXPECT_EQ(Text(letters.SubStr(index, length)), "");
     EXPECT_EQ(String(L"a b a").LastIndexOf(L'a'), 4);
     EXPECT_EQ(String(L"a b a").LastIndexOf(L'z'), -1);
     EXPECT_TRUE(letters.StartsWith(L"abc"));
@@ -61,7 +64,14 @@ TEST(String, ReadsTheNumberAtItsStart) {
     EXPECT_EQ(String(L"  +42abc").ToInteger(), 42);
     EXPECT_EQ(String(L"abc").ToInteger(), 0);
     EXPECT_EQ(String(L"99999999999999").ToInteger(), std::numeric_limits<int>::max());
-    EXPECT_DOUBLE_EQ(String(L"2.5e1 apples").ToDouble(), 25.0);
+    const struct {
+        const wchar_t* text;
+        double number;
+    } numbers[] = {{L"2.5e1 apples", 25.0}, {L" \t-.5", -0.5}, {L"+3", 3.0},  {L"1e5", 1e5},  {L"2eggs", 2.0},
+                   {L"0x10", 0.0},          {L"7.,8", 7.0},    {L"1,5", 1.0}, {L"info", 0.0}, {L"-inf", 0.0},
+                   {L"nano", 0.0},          {L"+-3", 0.0},     {L"e5", 0.0},  {L".", 0.0},    {L"", 0.0},
+                   {L"1e999", 0.0},         {L"\u0661", 0.0}};
+    for (const auto& [text, number] : numbers) EXPECT_EQ(String(text).ToDouble(), number) << Text(text);
 }
 
 TEST(String, GrowsBeyondItsInlineRoomAndIntoItself) {

@@ -1,7 +1,7 @@
 #include "engine/Timer.h"
 
 #include "engine/Callable.h"
-#include "platform/ScriptedDesktop.h"
+#include "tests/support/Stage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -113,12 +113,14 @@ TEST_F(ScriptedTimer, AListenerMayStopRestartAndDeleteItsTimer) {
 
 /// The real timer thread against the main one; the thread sanitizer looks on.
 TEST(ThreadedTimer, MayBeUsedAndDeletedWhileItCalls) {
-    struct RealTime : ScriptedDesktop {
+    struct RealTime : Stage::Desktop {
         std::unique_ptr<platform::PeriodicTimer> MakeTimer(std::function<void()> callback) override {
-            return Desktop::MakeTimer(std::move(callback));
+            return platform::Desktop::MakeTimer(std::move(callback));
         }
     };
-    Desktop::Use(std::make_unique<RealTime>());
+    auto desktopPtr = std::make_unique<RealTime>();
+    desktopPtr->hasThreads = true;
+    Desktop::Use(std::move(desktopPtr));
     std::atomic<int> calls = 0;
     for (int round = 0; round < 20; ++round) {
         auto countedPtr = std::make_unique<int>(0); // must not be touched once the timer is gone

@@ -1,27 +1,24 @@
-// The listings of the guide are the files of examples/first_game: nothing in one that the other lacks.
+// Every line of examples/first_game is in a listing of the guide, and every listing is in the example.
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 
 namespace {
 
 std::string FileText(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
+    std::ifstream file(path);
+    return std::string(std::istreambuf_iterator<char>(file), {});
 }
-
-} // namespace
 
 TEST(Guide, ListingsAreTheFirstGame) {
     const std::string guide = FileText("docs/engine-guide.md");
-    std::string files;
-    for (const char* name : {"main.cpp", "FirstGame.h", "FirstGame.cpp"}) {
-        files += FileText(std::string("examples/first_game/") + name);
-    }
+    const std::string folder = "examples/first_game/";
+    const std::string files =
+        FileText(folder + "main.cpp") + FileText(folder + "FirstGame.h") + FileText(folder + "FirstGame.cpp");
     const std::string begin = "```cpp\n";
     std::string listings;
     for (std::size_t at = guide.find(begin); at != std::string::npos; at = guide.find(begin, at + 1)) {
@@ -31,7 +28,8 @@ TEST(Guide, ListingsAreTheFirstGame) {
         listings += listing;
     }
     std::istringstream lines(files);
-    for (std::string line; std::getline(lines, line);) {
+    for (std::string line; std::getline(lines, line);)
         EXPECT_NE(listings.find(line + "\n"), std::string::npos) << "the guide does not show\n" << line;
-    }
 }
+
+} // namespace

@@ -2,176 +2,131 @@
 
 #include "engine/Audio.h"
 #include "tests/support/Stage.h"
-#include "tests/support/TestSounds.h"
+#include "tests/support/TestFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <map>
+#include <random>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 namespace {
-/// The sound manager on a recording desktop. Aliases are counted from its first object.
+/// The sound manager on a recording desktop.
 class SoundManager : public testing::Test {
 protected:
     ~SoundManager() override { Singleton<Sound>::Destroy(); }
 
-    void Open() {
-        Sound::GetSingleton();
-        opening = desktop.TakeCommands();
-        firstAlias = std::stoi(opening.front().substr(opening.front().find(L"audio") + 5));
-    }
+    static Sound& Manager() { return *Sound::GetSingleton(); }
+    static void Play(int effect) { Manager().PlaySound(effect, soundPlay, volumeUnchanged); }
+    static void PlayMusic(int track) { Manager().PlayMusic(track, soundPlay, volumeUnchanged); }
 
-    void Play(int effect) { Sound::GetSingleton()->PlaySound(effect, soundPlay, volumeUnchanged); }
-    void PlayMusic(int track) { Sound::GetSingleton()->PlayMusic(track, soundPlay, volumeUnchanged); }
-
-    /// What is sent within `count` frames: VERB NUMBER, "play" for "play … from 0 notify".
+    /// What is sent within `count` frames: "VERB FILE", with the number of a copy behind it that is not the first.
     std::vector<std::string> RunFrames(int count) {
         for (int frame = 0; frame < count; ++frame) {
-            Sound::GetSingleton()->Tick(1.0 / 60.0);
-            desktop.EndFrame();
+            Manager().Tick(1.0 / 60.0);
+            stage.EndFrame();
         }
-        std::vector<std::string> commands;
-        for (const std::wstring& text : desktop.TakeCommands()) commands.push_back(Shortened(text));
-        return commands;
+        std::vector<std::string> sent;
+        for (const std::wstring& command : stage.TakeCommands()) {
+            std::istringstream words(std::string(command.begin(), command.end()));
+            std::string verb;
+            std::string alias;
+            words >> verb >> alias;
+            if (verb == "open") {
+                std::string file = std::filesystem::path(alias).stem().string();
+                if (++copies[file] > 1) file += " " + std::to_string(copies[file]);
+                while (words >> alias) {}
+                names[alias] = file;
+            } else if (verb != "set" && verb != "status") {
+                sent.push_back(verb + " " + names[alias]);
+            }
+        }
+        return sent;
     }
 
-    std::string Shortened(const std::wstring& text) const {
-        const std::string verb(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(text.find(L' ')));
-        return verb + " " +
-               std::to_string(std::stoi(text.substr(text.find(L"audio", 6 * (verb == "setaudio")) + 5)) - firstAlias);
-    }
-
-    Stage desktop;
-    std::vector<std::wstring> opening;
-    int firstAlias = 0;
+    Stage stage;
+    std::map<std::string, std::string> names; // by alias
+    std::map<std::string, int> copies;
 };
 } // namespace
 
-TEST_F(SoundManager, OpensItsSoundsInAFixedOrder) {
-    Open();
-    std::vector<std::wstring> files;
-    for (const std::wstring& text : opening) {
-        if (!text.starts_with(L"open")) continue;
-        const std::size_t begin = text.rfind(L'/') + 1;
-        EXPECT_EQ(text.substr(text.find(L'"', begin)),
-                  L"\" type mpegvideo alias audio" + std::to_wstring(firstAlias + static_cast<int>(files.size())));
-        files.push_back(text.substr(begin, text.find(L".mp3") - begin));
-    }
-    std::vector<std::wstring> expected = {L"Overworld",      L"OverworldHurry", L"Underworld", L"UnderworldHurry",
-                                          L"CastleComplete", L"Test",           L"Pipe",       L"PowerUp",
-                                          L"Starrush",       L"Dead",           L"GameOver",   L"Flag"};
-    expected.insert(expected.end(), 10, L"Coin");
-    expected.insert(expected.end(), 7, L"Jump");
-    expected.insert(expected.end(), 5, L"KillEnemy");
-    expected.insert(expected.end(), 4, L"FireballThrow");
-    expected.insert(expected.end(), 5, L"BlockBump");
-    expected.insert(expected.end(), 3, L"BlockBreak");
-    EXPECT_EQ(files, expected);
-    EXPECT_TRUE(opening.front().starts_with(L"open \"./Resources/Sound/Overworld.mp3\""));
-    EXPECT_THAT(opening, SizeIs(3 * expected.size())); // every file is there and has a length
-    EXPECT_THAT(RunFrames(2), IsEmpty());
-}
-
 TEST_F(SoundManager, LetsTheCopiesOfAnEffectTakeTurns) {
-    Open();
-    const std::map<int, std::pair<int, int>> pools = {{effectCoin, {12, 10}},     {effectJump, {22, 7}},
-                                                      {effectKillEnemy, {29, 5}}, {effectFireballThrow, {34, 4}},
-                                                      {effectBlockBump, {38, 5}}, {effectBlockBreak, {43, 3}}};
+    const std::map<int, std::pair<std::string, int>> pools = {
+        {effectCoin, {"Coin", 10}},          {effectJump, {"Jump", 7}},
+        {effectKillEnemy, {"KillEnemy", 5}}, {effectFireballThrow, {"FireballThrow", 4}},
+        {effectBlockBump, {"BlockBump", 5}}, {effectBlockBreak, {"BlockBreak", 3}},
+        {effectDead, {"Dead", 1}},           {effectPipe, {"Pipe", 1}}};
     for (const auto& [effect, pool] : pools) {
-        SCOPED_TRACE(effect);
-        const auto [first, count] = pool;
-        std::vector<std::string> expected;
-        for (int copy = 0; copy < count; ++copy) {
-            Play(effect);
-            expected.push_back("play " + std::to_string(first + copy));
-        }
-        EXPECT_EQ(RunFrames(1), expected);
-        RunFrames(120); // all have ended
+        std::vector<std::string> expected = {"play " + pool.first};
+        for (int copy = 2; copy <= pool.second; ++copy) expected.push_back(expected[0] + " " + std::to_string(copy));
+        for (int request = 0; request < pool.second + 1; ++request)
+            Play(effect); // the last one finds the first playing
+        EXPECT_EQ(RunFrames(2), expected);
+        RunFrames(600); // all have ended
         Play(effect);
-        EXPECT_THAT(RunFrames(1), ElementsAre("play " + std::to_string(first)));
-        RunFrames(120);
-    }
-    const std::map<int, int> singles = {{effectTest, 5}, {effectPipe, 6},      {effectPowerUp, 7}, {effectStarrush, 8},
-                                        {effectDead, 9}, {effectGameOver, 10}, {effectFlag, 11}};
-    for (const auto& [effect, alias] : singles) {
-        Play(effect);
-        Play(effect);
-        EXPECT_THAT(RunFrames(2), ElementsAre("play " + std::to_string(alias)));
+        EXPECT_THAT(RunFrames(1), ElementsAre(expected.at(1 % expected.size())));
+        RunFrames(600);
     }
 }
 
 TEST_F(SoundManager, AppliesActionsAndVolumesToOneCopy) {
-    Open();
-    Sound* const soundPtr = Sound::GetSingleton();
-    soundPtr->PlaySound(effectDead, soundPlay, 100);
-    EXPECT_THAT(RunFrames(1), ElementsAre("play 9"));
-    EXPECT_THAT(RunFrames(1), ElementsAre("setaudio 9"));
-    soundPtr->PlaySound(effectDead, soundPause, 101);
-    soundPtr->PlaySound(effectDead, 3, -2);
-    soundPtr->PlaySound(effectDead, soundStop, 0);
-    EXPECT_THAT(RunFrames(9), ElementsAre("pause 9", "stop 9", "setaudio 9"));
-    for (const int id : {-1, 13, 1000}) soundPtr->PlaySound(id, soundPlay, 100);
-    for (const int id : {-1, 6, 1000}) soundPtr->PlayMusic(id, soundPlay, volumeUnchanged);
+    Manager().PlaySound(effectDead, soundPlay, 100);
+    EXPECT_THAT(RunFrames(1), ElementsAre("play Dead"));
+    EXPECT_THAT(RunFrames(1), ElementsAre("setaudio Dead"));
+    Manager().PlaySound(effectDead, soundPause, 101);
+    Manager().PlaySound(effectDead, 3, -2);
+    Manager().PlaySound(effectDead, soundStop, 0);
+    EXPECT_THAT(RunFrames(9), ElementsAre("pause Dead", "stop Dead", "setaudio Dead"));
+    for (const int id : {-1, 13, 1000}) Manager().PlaySound(id, soundPlay, 100);
+    for (const int id : {-1, 6, 1000}) Manager().PlayMusic(id, soundPlay, volumeUnchanged);
     EXPECT_THAT(RunFrames(2), IsEmpty());
 }
 
 TEST_F(SoundManager, PausesTheOtherTracksButStopsTheStar) {
-    Open();
     PlayMusic(musicOverworld);
-    EXPECT_THAT(RunFrames(2), ElementsAre("play 0"));
+    EXPECT_THAT(RunFrames(2), ElementsAre("play Overworld"));
     PlayMusic(musicUnderworld);
-    EXPECT_THAT(RunFrames(2), ElementsAre("pause 0", "play 2"));
+    EXPECT_THAT(RunFrames(2), ElementsAre("pause Overworld", "play Underworld"));
     PlayMusic(musicOverworld);
-    EXPECT_THAT(RunFrames(2), ElementsAre("resume 0", "pause 2"));
-    PlayMusic(musicStarrush);
-    EXPECT_THAT(RunFrames(2), ElementsAre("pause 0", "play 8"));
-    PlayMusic(musicOverworld);
-    EXPECT_THAT(RunFrames(2), ElementsAre("resume 0", "stop 8"));
-    PlayMusic(musicStarrush);
-    EXPECT_THAT(RunFrames(2), ElementsAre("pause 0", "play 8"));
+    EXPECT_THAT(RunFrames(2), ElementsAre("resume Overworld", "pause Underworld"));
+    for (int time = 0; time < 2; ++time) {
+        PlayMusic(musicStarrush);
+        EXPECT_THAT(RunFrames(2), ElementsAre("pause Overworld", "play Starrush"));
+        PlayMusic(musicOverworld);
+        EXPECT_THAT(RunFrames(2), ElementsAre("resume Overworld", "stop Starrush"));
+    }
     for (int frame = 0; frame < 5; ++frame) PlayMusic(musicCastleComplete);
-    EXPECT_THAT(RunFrames(5), ElementsAre("play 4", "stop 8"));
-    Sound::GetSingleton()->PlayMusic(musicCastleComplete, soundStop, volumeUnchanged);
-    Sound::GetSingleton()->PlayMusic(musicUnderworld, soundPause, volumeUnchanged); // it is paused already
-    EXPECT_THAT(RunFrames(5), ElementsAre("stop 4"));
+    EXPECT_THAT(RunFrames(5), ElementsAre("pause Overworld", "play CastleComplete"));
+    Manager().PlayMusic(musicCastleComplete, soundStop, volumeUnchanged);
+    Manager().PlayMusic(musicUnderworld, soundPause, volumeUnchanged); // it is paused already
+    EXPECT_THAT(RunFrames(5), ElementsAre("stop CastleComplete"));
 }
 
 TEST_F(SoundManager, StaysSilentWhateverItsFilesAre) {
-    std::srand(7);
-    const std::filesystem::path previous = std::filesystem::current_path();
-    std::vector<std::pair<std::string, std::string>> real;
-    for (const auto& entry : std::filesystem::directory_iterator("Resources/Sound")) {
-        std::ifstream file(entry.path(), std::ios::binary);
-        real.emplace_back(entry.path().filename().string(),
-                          std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()));
-    }
-    ASSERT_THAT(real, SizeIs(18));
-    const TestFolder folder;
-    std::filesystem::current_path(folder.Path(""));
-    for (const char* kind : {"missing", "empty", "cut", "random"}) {
+    const std::filesystem::path root = std::filesystem::current_path();
+    std::mt19937 random(7);
+    for (const std::string kind : {"missing", "empty", "cut", "random"}) {
         SCOPED_TRACE(kind);
-        std::filesystem::create_directories("Resources/Sound");
-        for (auto [name, bytes] : real) {
-            if (std::string_view(kind) == "missing") break;
-            if (std::string_view(kind) == "empty") bytes.clear();
-            if (std::string_view(kind) == "cut") bytes.resize(bytes.size() / 3);
-            if (std::string_view(kind) == "random") {
-                for (char& byte : bytes) byte = static_cast<char>(std::rand());
-            }
-            folder.Write("Resources/Sound/" + name, bytes);
+        const TestFolder folder;
+        for (const auto& entry : std::filesystem::directory_iterator(root / "Resources/Sound")) {
+            if (kind == "missing") break;
+            std::ifstream file(entry.path(), std::ios::binary);
+            std::string bytes(std::istreambuf_iterator<char>(file), {});
+            if (kind == "empty") bytes.clear();
+            if (kind == "cut") bytes.resize(bytes.size() / 3);
+            if (kind == "random") std::ranges::generate(bytes, [&] { return static_cast<char>(random()); });
+            folder.Write("Resources/Sound/" + entry.path().filename().string(), bytes);
         }
+        std::filesystem::current_path(folder.Root());
         PlayMusic(musicOverworld);
-        for (int effect = 0; effect <= 12; ++effect) Play(effect);
+        for (int effect = effectTest; effect <= effectFlag; ++effect) Play(effect);
         PlayMusic(musicStarrush);
         RunFrames(200);
-        EXPECT_THAT(desktop->boxes, IsEmpty());
+        EXPECT_THAT(stage->boxes, IsEmpty());
         Singleton<Sound>::Destroy();
-        std::filesystem::remove_all("Resources");
+        std::filesystem::current_path(root);
     }
-    std::filesystem::current_path(previous);
 }

@@ -7,9 +7,10 @@
 struct Game : AbstractGame {
     void GameStart() override { GameEngine::GetSingleton()->RunGameLoop(true); }
     void GamePaint(RECT) override {
-        GameEngine::GetSingleton()->FillWindowRect(10, 20, 30);
-        GameEngine::GetSingleton()->SetColor(COLOR(200, 100, 50, 255));
-        GameEngine::GetSingleton()->FillRect(20, 20, 40, 40);
+        GameEngine& engine = *GameEngine::GetSingleton();
+        engine.FillWindowRect(10, 20, 30);
+        engine.SetColor(COLOR(200, 100, 50, 255));
+        engine.FillRect(20, 20, 40, 40);
     }
 };
 
@@ -18,9 +19,7 @@ int main() {
     auto desktopPtr = std::make_unique<platform::ScriptedDesktop>();
     int goodFrames = 0;
     desktopPtr->onFrame = [&goodFrames](int, const platform::FrameView& frame) {
-        const std::uint32_t ground = frame.pixels[0];
-        const std::uint32_t square = frame.pixels[30 * frame.stride + 30];
-        if (ground == 0xFF0A141E && square == 0xFFC86432) ++goodFrames;
+        goodFrames += frame.pixels[0] == 0xFF0A141E && frame.pixels[30 * frame.stride + 30] == 0xFFC86432;
     };
     desktopPtr->End(3);
     platform::Desktop::Use(std::move(desktopPtr));
@@ -28,6 +27,6 @@ int main() {
     const int exitCode = GameEngine::GetSingleton()->Run(nullptr, 1);
     platform::Desktop::Use(nullptr);
     const bool hasResource = !platform::FindResource(1, "TEXT").empty();
-    std::printf("exit code %d, %d good frames, resource %s\n", exitCode, goodFrames, hasResource ? "found" : "missing");
+    std::printf("exit code %d, %d good frames, resource found: %d\n", exitCode, goodFrames, hasResource);
     return exitCode == 0 && goodFrames == 3 && hasResource ? 0 : 1;
 }

@@ -199,6 +199,7 @@ TEST(CanvasShape, CoversThePixelsWhoseCentresItContains) {
 }
 
 TEST(CanvasShape, FillsGeometriesByTheEvenOddRuleAndLeavesHollowFiguresOut) {
+    CanvasStage stage(20, 5);
     const auto pathPtr = platform::CreateGeometryFactory()->CreatePathGeometry();
     ID2D1GeometrySink* sinkPtr = nullptr;
     pathPtr->Open(&sinkPtr);
@@ -212,7 +213,7 @@ TEST(CanvasShape, FillsGeometriesByTheEvenOddRuleAndLeavesHollowFiguresOut) {
     add({2.5F, 1.5F, 5.5F, 3.5F}, D2D1_FIGURE_BEGIN_FILLED);
     add({3.5F, 2.5F, 8.5F, 3.5F}, D2D1_FIGURE_BEGIN_HOLLOW);
     sinkPtr->Close();
-    const Picture frame = CanvasStage(20, 5).Frame([&](Canvas& canvas) {
+    const Picture frame = stage.Frame([&](Canvas& canvas) {
         canvas.FillGeometry(*pathPtr, ink);
         canvas.SetTransform({1, 0, 0, 1, 10, 0});
         canvas.DrawGeometry(*pathPtr, ink, 1);

@@ -1,4 +1,5 @@
 #include "platform/Geometry.h"
+#include "tests/support/Stage.h"
 #include "tests/support/TextSink.h"
 
 #include <gmock/gmock.h>
@@ -80,6 +81,7 @@ protected:
         EXPECT_NEAR(bounds.bottom, expected.bottom, tolerance);
     }
 
+    Stage stage;
     std::unique_ptr<ID2D1Factory> factoryPtr = platform::CreateGeometryFactory();
     HRESULT closeResult = S_OK;
 };

@@ -1,6 +1,7 @@
-#include "platform/sdl/Keyboard.h"
+#include "platform/core/screen/Keyboard.h"
 
 #include "platform/Messages.h"
+#include "platform/sdl/VirtualKey.h"
 #include "tests/support/Stage.h"
 
 #include <set>

@@ -50,7 +50,11 @@ struct MediaLoopback : MediaStage<LoopbackMedia> {
 };
 
 struct MediaDevice : MediaStage<platform::MediaInterface> {
-    MediaDevice() : MediaStage(platform::MakeDeviceMedia) {}
+    MediaDevice() : MediaStage(MakeWithThreads) {}
+    static std::unique_ptr<platform::MediaInterface> MakeWithThreads(platform::Desktop& desktop) {
+        static_cast<Stage::Desktop&>(desktop).hasThreads = true;
+        return platform::MakeDeviceMedia(desktop);
+    }
 };
 } // namespace
 

@@ -1,4 +1,4 @@
-#include "platform/Pacer.h"
+#include "platform/core/screen/Pacer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "platform/Picture.h"
 #include "platform/Imaging.h"
-#include "tests/support/ImageCompare.h"
+#include "tests/support/Stage.h"
 #include "tests/support/TestFolder.h"
 
 #include <random>
@@ -71,6 +71,7 @@ TEST_F(PictureFile, IsRefusedWhenMissingOrDamaged) {
 class PicturePrefetch : public PictureFile {
 protected:
     PicturePrefetch() {
+        stage->hasThreads = true;
         for (int index = 0; index < 6; ++index) {
             paths.push_back(Path(std::to_string(index)));
             EXPECT_TRUE(platform::SavePng(paths.back(), Numbered(index)));
@@ -93,6 +94,7 @@ protected:
         return LooksLike(*converterPtr->GetPicture(), Numbered(index));
     }
 
+    Stage stage;
     std::vector<std::string> paths;
     std::unique_ptr<IWICImagingFactory> factoryPtr = platform::CreateImagingFactory();
 };

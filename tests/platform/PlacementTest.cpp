@@ -1,4 +1,4 @@
-#include "platform/sdl/Placement.h"
+#include "platform/core/screen/Placement.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/sdl/Scaler.h"
+#include "platform/core/screen/Scaler.h"
 #include "platform/Picture.h"
 
 #include <gmock/gmock.h>

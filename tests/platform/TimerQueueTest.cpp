@@ -1,4 +1,4 @@
-#include "platform/TimerQueue.h"
+#include "platform/core/TimerQueue.h"
 
 #include "platform/core/TimerSchedule.h"
 

@@ -13,7 +13,6 @@
 #include <cstring>
 #include <functional>
 #include <optional>
-#include <thread>
 
 using namespace platform;
 using namespace std::chrono_literals;
@@ -147,19 +146,18 @@ protected:
     Picture frame = Picture(width, height, middle);
 };
 
-/// Another thread posts messages, asks for keys and sleeps while the loop waits for it.
+/// A worker posts messages and asks for keys while the loop waits for it, and then rests until it is ended.
 void ExpectThatAnyThreadWakesTheLoop() {
     Desktop& desktop = Desktop::Current();
     constexpr UINT fromThread = 0x8000;
     constexpr WPARAM count = 2000;
-    const auto sleeperPtr = desktop.MakeSleeper();
-    std::thread sender([&] {
+    auto workerPtr = desktop.StartWorker([&desktop](platform::Worker& worker) {
         for (WPARAM number = 0; number < count; ++number) {
             desktop.IsKeyDown(VK_RIGHT);
             desktop.PostMessage(nullptr, fromThread, number, 0);
         }
-        EXPECT_FALSE(sleeperPtr->Sleep(100'000));
-        EXPECT_FALSE(sleeperPtr->Sleep(100'000)) << "once awake, for ever awake";
+        EXPECT_FALSE(worker.Rest(100s));
+        EXPECT_FALSE(worker.Rest(std::nullopt)) << "once ended, for ever ended";
     });
     for (WPARAM next = 0; next < count;) {
         Message message;
@@ -171,8 +169,7 @@ void ExpectThatAnyThreadWakesTheLoop() {
             desktop.DispatchMessage(message);
         }
     }
-    sleeperPtr->Wake();
-    sender.join();
+    workerPtr.reset();
 }
 
 } // namespace

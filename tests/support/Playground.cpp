@@ -2,6 +2,7 @@
 
 #include "engine/GameEngine.h"
 #include "tests/support/StartedSounds.h"
+#include "tests/support/TestSounds.h"
 
 #include <algorithm>
 #include <iostream>
@@ -10,46 +11,58 @@ using platform::Picture;
 
 namespace {
 constexpr int scale = 4;
-constexpr std::uint32_t magenta = 0xFFFF00FF;
-constexpr std::uint32_t heroRed = 0xC1;
-constexpr int heroCell = 16;
 
-/// Every 16 x 16 part of the sheet has a colour that names its column, its row and which half it is.
-Picture HeroSheet() {
-    Picture sheet(128, 528);
-    for (int y = 0; y < sheet.height; ++y) {
-        for (int x = 0; x < sheet.width; ++x) {
-            const auto half = static_cast<std::uint32_t>(x / (heroCell / 2));
-            sheet.At(x, y) = 0xFF000000 | heroRed << 16 | half << 8 | static_cast<std::uint32_t>(y / heroCell);
-        }
-    }
-    return sheet;
+struct Sheet {
+    std::string name; // of the file, without its ending
+    const char* ending;
+    int width;
+    int height;
+    int cellWidth;
+    int cellHeight;
+};
+constexpr int sheetLevelWidth = 0; // stands for the scene's
+const std::vector<Sheet> sheets = {
+    {"World1-1", ".png", sheetLevelWidth, 448, 10000, 10000},
+    {"CastleHalf", ".png", 120, 200, 120, 200},
+    {"PipeVerticalBig", ".bmp", 32, 64, 32, 64},
+    {"PipeHorizontal", ".bmp", 48, 32, 48, 32},
+    {"PipeVerticalSmall", ".bmp", 32, 32, 32, 32},
+    {"Flag", ".bmp", 16, 16, 16, 16},
+    {"Pelkos", ".png", 128, 528, 16, 16},
+    {"Fireball", ".bmp", 32, 8, 8, 8},
+    {"Explosion", ".bmp", 48, 16, 16, 16},
+    {"Blocks", ".bmp", 96, 80, 16, 16},
+    {"Coin", ".bmp", 96, 16, 16, 16},
+    {"CoinBlock", ".bmp", 64, 16, 16, 16},
+    {"Flower", ".bmp", 64, 16, 16, 16},
+    {"Mushroom", ".bmp", 32, 16, 16, 16},
+    {"Star", ".bmp", 16, 16, 16, 16},
+    {"Skreel", ".bmp", 48, 16, 16, 16},
+    {"Dorvak", ".bmp", 64, 24, 16, 24},
+    {"Font", ".bmp", 128, 48, 8, 8},
+    {"CoinIcon", ".bmp", 48, 8, 8, 8},
+};
+
+// A pixel's red says which picture it is of, green and blue which half of which column and row of its cells.
+constexpr std::uint32_t firstRed = 0x40;
+
+std::uint32_t PixelOf(std::size_t sheet, int x, int y) {
+    const auto half = [](int position, int length) { return static_cast<std::uint32_t>(2 * position / length & 0xFF); };
+    return 0xFF000000 | (firstRed + static_cast<std::uint32_t>(sheet)) << 16 |
+           half(x, sheets.at(sheet).cellWidth) << 8 | half(y, sheets.at(sheet).cellHeight);
 }
 
-void WritePictures(Scene const& scene) {
-    const auto write = [](std::string const& name, Picture const& picture) {
-        platform::SaveBmp("Resources/Images/" + name, picture); // told apart by content, so a .png name is no matter
-    };
-    write("World1-1.png", Picture(scene.levelWidth, 448, SceneFolder::sky));
-    write("CastleHalf.png", Picture(120, 200, SceneFolder::castle));
-    write("PipeVerticalBig.bmp", Picture(32, 64, SceneFolder::pipe));
-    write("PipeHorizontal.bmp", Picture(48, 32, SceneFolder::pipe));
-    write("PipeVerticalSmall.bmp", Picture(32, 32, SceneFolder::pipe));
-    write("Flag.bmp", Picture(16, 16, SceneFolder::flag));
-    write("Pelkos.png", HeroSheet());
-    write("Fireball.bmp", Picture(32, 8, SceneFolder::fireball));
-    write("Explosion.bmp", Picture(48, 16, SceneFolder::explosion));
-    write("Blocks.bmp", Picture(96, 80, SceneFolder::block));
-    write("Coin.bmp", Picture(96, 16, SceneFolder::coin));
-    write("CoinBlock.bmp", Picture(64, 16, SceneFolder::coin));
-    write("Flower.bmp", Picture(64, 16, 0xFFFF0000));
-    write("Mushroom.bmp", Picture(32, 16, 0xFFFF8080));
-    write("Star.bmp", Picture(16, 16, 0xFFFFFF80));
-    write("Skreel.bmp", Picture(48, 16, SceneFolder::enemy));
-    write("Dorvak.bmp", Picture(64, 24, SceneFolder::enemy));
-    write("Font.bmp", Picture(128, 48, 0xFF000001)); // the transparent colour: nothing covers the level
-    write("CoinIcon.bmp", Picture(48, 8, magenta));
-    for (auto const& [name, picture] : scene.pictures) write(name, picture);
+void WritePictures(int levelWidth) {
+    for (std::size_t sheet = 0; sheet < sheets.size(); ++sheet) {
+        Picture picture(sheets[sheet].width == sheetLevelWidth ? levelWidth : sheets[sheet].width,
+                        sheets[sheet].height);
+        for (int y = 0; y < picture.height; ++y)
+            for (int x = 0; x < picture.width; ++x) picture.At(x, y) = PixelOf(sheet, x, y);
+        if (sheets[sheet].name == "Font") // a blank is transparent
+            for (int i = 0; i < 64; ++i) picture.At(i % 8, i / 8) = 0xFF000001;
+        // Told apart by content, so that the ending is no matter.
+        platform::SaveBmp("Resources/Images/" + sheets[sheet].name + sheets[sheet].ending, picture);
+    }
 }
 
 void WriteSounds(TestFolder const& folder) {
@@ -61,39 +74,31 @@ void WriteSounds(TestFolder const& folder) {
     }
 }
 
-std::string Field(std::string label, int value) {
-    label.resize(15, ' ');
-    return label + std::to_string(value) + "\n";
+std::string Record(DOUBLE2 place, const char* label, int value) {
+    std::ostringstream text;
+    text << "PositionX:     " << place.x << "\nPositionY:     " << place.y << "\n" << label << value << "\n";
+    return text.str();
 }
 } // namespace
 
-std::string Solid(int left, int top, int right, int bottom) {
+std::string Solid(DOUBLE2 topLeft, DOUBLE2 bottomRight) {
     std::ostringstream path;
-    path << "M " << left << ' ' << top << " H " << right << " V " << bottom << " H " << left << " Z ";
+    path << "M " << topLeft.x << ' ' << topLeft.y << " H " << bottomRight.x << " V " << bottomRight.y << " H "
+         << topLeft.x << " Z ";
     return path.str();
 }
 
-std::string Floor(int levelWidth) { return Solid(0, 200, levelWidth, 220); }
+std::string HeroAt(DOUBLE2 place, int form) { return Record(place, "FormState:     ", form); }
 
-std::string HeroAt(int x, int y, int form) {
-    return Field("PositionX:", x) + Field("PositionY:", y) + Field("FormState:", form);
-}
-
-std::string EnemyAt(int x, int y, int type) {
-    return Field("PositionX:", x) + Field("PositionY:", y) + Field("Type:", type);
-}
-
-Scene PlainScene() { return {Floor(), 600, HeroAt(50, 184), ""}; }
+std::string EnemyAt(DOUBLE2 place, int type) { return Record(place, "Type:          ", type); }
 
 SceneFolder::SceneFolder(Scene const& scene) : formerDirectory(std::filesystem::current_path()) {
-    std::filesystem::current_path(folder.Path("."));
-    for (const char* const name : {"Images", "Sound", "Files"}) {
-        std::filesystem::create_directories(std::filesystem::path("Resources") / name);
-    }
+    std::filesystem::current_path(folder.Root());
+    std::filesystem::create_directories("Resources/Images");
     folder.Write("Resources/Images/World1-1_Collision.svg", "<svg><path d=\"" + scene.outline + "\"/></svg>");
     if (scene.heroFile) folder.Write("Resources/Files/Data_Pelko.txt", *scene.heroFile);
     if (scene.enemyFile) folder.Write("Resources/Files/Data_Enemies.txt", *scene.enemyFile);
-    WritePictures(scene);
+    WritePictures(scene.levelWidth);
     WriteSounds(folder);
 }
 
@@ -103,17 +108,8 @@ Playground::Playground(Scene const& scene) : Playground(std::make_unique<SceneFo
 
 Playground::Playground(std::unique_ptr<SceneFolder> sceneFolderPtr)
     : folderPtr(std::move(sceneFolderPtr)), formerOutputPtr(std::cout.rdbuf(output.rdbuf())) {
-    auto scriptedPtr = std::make_unique<platform::ScriptedDesktop>();
-    desktopPtr = scriptedPtr.get();
-    desktopPtr->onFrame = [this](int, platform::FrameView const& view) {
-        frame = Picture(view.width, view.height);
-        for (int y = 0; y < view.height; ++y) {
-            std::copy_n(view.pixels + static_cast<std::ptrdiff_t>(y) * view.stride, view.width, &frame.At(0, y));
-        }
-    };
-    platform::Desktop::Use(std::move(scriptedPtr));
     GameEngine* const enginePtr = GameEngine::GetSingleton();
-    enginePtr->SetGame(Quillfen::GetSingleton());
+    enginePtr->SetGame(&Game());
     Game().GameInitialize(nullptr);
     enginePtr->CreateGameWindow(1);
     enginePtr->CreateDeviceResources();
@@ -123,17 +119,16 @@ Playground::Playground(std::unique_ptr<SceneFolder> sceneFolderPtr)
 Playground::~Playground() {
     Game().GameEnd();
     delete GameEngine::GetSingleton();
-    platform::Desktop::Use(nullptr);
     std::cout.rdbuf(formerOutputPtr);
 }
 
 Playground& Playground::Hold(int key) {
-    desktopPtr->SetKey(key, true);
+    stage->SetKey(key, true);
     return *this;
 }
 
 Playground& Playground::LetGo(int key) {
-    desktopPtr->SetKey(key, false);
+    stage->SetKey(key, false);
     return *this;
 }
 
@@ -152,18 +147,30 @@ Playground& Playground::Paint() {
     return *this;
 }
 
+Playground::Seen Playground::At(DOUBLE2 levelPosition) const {
+    const std::uint32_t colour = ColourAt(levelPosition);
+    const std::uint32_t sheet = (colour >> 16 & 0xFF) - firstRed;
+    if (sheet >= sheets.size()) return {};
+    return {sheets[sheet].name, static_cast<int>(colour >> 9 & 0x7F), static_cast<int>(colour >> 1 & 0x7F),
+            (colour >> 8 & 1) != 0, (colour & 1) != 0};
+}
+
 std::uint32_t Playground::ColourAt(DOUBLE2 levelPosition) const {
+    const Picture& frame = stage->shown;
     const DOUBLE2 pixel = (levelPosition - Camera()) * scale;
     const int x = static_cast<int>(pixel.x);
     const int y = static_cast<int>(pixel.y);
     return x < 0 || y < 0 || x >= frame.width || y >= frame.height ? 0 : frame.At(x, y);
 }
 
-RECT2 Playground::BoundsOf(std::uint32_t colour) const {
+RECT2 Playground::BoundsOf(std::string const& picture) const {
+    const Picture& frame = stage->shown;
+    const auto sheet = static_cast<std::size_t>(std::ranges::find(sheets, picture, &Sheet::name) - sheets.begin());
+    const std::uint32_t red = PixelOf(sheet, 0, 0) >> 16 & 0xFF;
     RECT bounds{frame.width, frame.height, 0, 0};
     for (int y = 0; y < frame.height; ++y) {
         for (int x = 0; x < frame.width; ++x) {
-            if (frame.At(x, y) != colour) continue;
+            if ((frame.At(x, y) >> 16 & 0xFF) != red) continue;
             bounds = {std::min(bounds.left, x), std::min(bounds.top, y), std::max(bounds.right, x + 1),
                       std::max(bounds.bottom, y + 1)};
         }
@@ -174,38 +181,23 @@ RECT2 Playground::BoundsOf(std::uint32_t colour) const {
             inLevel(bounds.bottom, Camera().y)};
 }
 
-Playground::HeroPicture Playground::PaintedHero() const {
-    const auto partOf = [](std::uint32_t colour) { return static_cast<int>(colour >> 8 & 0xFF); };
-    const auto rowOf = [](std::uint32_t colour) { return static_cast<int>(colour & 0xFF); };
-    const DOUBLE2 top = Hero().GetPosition();
-    const std::uint32_t left = ColourAt(top + DOUBLE2(-4.0, 1.0));
-    const std::uint32_t right = ColourAt(top + DOUBLE2(4.0, 1.0));
-    if (left >> 16 != (0xFF00 | heroRed) || right >> 16 != (0xFF00 | heroRed)) return {};
-    HeroPicture picture;
-    picture.isShown = true;
-    picture.column = partOf(left) / 2;
-    picture.row = rowOf(left);
-    picture.mirrored = partOf(left) > partOf(right);
-    return picture;
-}
-
 std::vector<std::string> Playground::TakeSounds() {
-    const std::vector<StartedSound> started = StartedSounds(desktopPtr->mediaCommands);
+    const std::vector<StartedSound> started = StartedSounds(stage->mediaCommands);
     std::vector<std::string> sounds;
     for (; soundsTaken < started.size(); ++soundsTaken) sounds.push_back(started[soundsTaken].name);
     return sounds;
 }
 
-void Playground::ForgetRecords() {
-    desktopPtr->mediaCommands.clear();
-    desktopPtr->debugLines.clear();
-    desktopPtr->boxes.clear();
-    output.str("");
-    soundsTaken = 0;
+int Playground::VolumeOf(std::string const& sound) const {
+    int volume = -1;
+    for (StartedSound const& started : StartedSounds(stage->mediaCommands))
+        if (started.name == sound) volume = started.volume;
+    return volume;
 }
 
-std::vector<std::wstring> Playground::Boxes() const {
-    std::vector<std::wstring> texts;
-    for (platform::ScriptedDesktop::Box const& box : desktopPtr->boxes) texts.push_back(box.text);
-    return texts;
+void Playground::ForgetRecords() {
+    stage->mediaCommands.clear();
+    stage->debugLines.clear();
+    output.str("");
+    soundsTaken = 0;
 }

@@ -2,8 +2,14 @@
 
 extern "C" {
 
+const char* __lsan_default_options();
 const char* __lsan_default_suppressions();
+const char* __tsan_default_options();
 const char* __tsan_default_suppressions();
+
+// What a program prints is compared; the suppressions that were used are not part of it.
+const char* __lsan_default_options() { return "print_suppressions=0"; }
+const char* __tsan_default_options() { return "print_suppressions=0"; }
 
 // What it reads from the system's configuration it keeps for the life of the program, behind pointers that are not
 // recognised as such: the same few bytes however many texts are drawn.

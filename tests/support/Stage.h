@@ -2,6 +2,7 @@
 
 #include "platform/Canvas.h"
 #include "platform/ScriptedDesktop.h"
+#include "platform/core/ThreadWorker.h"
 #include "tests/support/ImageCompare.h"
 
 #include <memory>
@@ -21,7 +22,12 @@ public:
         bool lastWaited = false;
         bool canShow = true;
         bool keepsFrames = true;
+        bool hasThreads = false; // for workers that are started from now on
 
+        std::unique_ptr<platform::Worker> StartWorker(platform::Worker::Work work) override {
+            if (hasThreads) return platform::ThreadWorker::Start(std::move(work));
+            return ScriptedDesktop::StartWorker(std::move(work));
+        }
         bool Present(HWND window, const platform::FrameView& frame, bool waitForBlank) override {
             if (keepsFrames && frame.pixels != nullptr) shown = Copied(frame);
             ++framesShown;

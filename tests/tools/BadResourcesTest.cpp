@@ -1,5 +1,4 @@
-// Starts the game beside resources that are missing or damaged and looks at what a player is told and how the game
-// ends.
+// Starts the game beside resources that are missing or damaged: what is the player told, and how does the game end?
 
 #include "tests/support/Program.h"
 #include "tests/support/TestFolder.h"
@@ -8,84 +7,48 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <functional>
+#include <map>
 #include <random>
 #include <string>
 
 namespace {
 
 namespace fs = std::filesystem;
-using testing::HasSubstr;
 
-constexpr int fatalExitCode = 255; // -1, as the system reports it
+enum Damage { missing, empty, halved, random, damageCount };
 
-/// A copy of the game's resources to spoil, and the game run beside it.
-class BadResources : public testing::Test {
-protected:
-    BadResources() {
-        copy.Copy("Resources");
-        copy.Write("three-frames.demo", "end 3\n");
-    }
-
-    Ending Play() const { return RunProgram("demo_player three-frames.demo", folder); }
-
-    TestFolder copy;
-    const fs::path& folder = copy.Root();
-};
-
-struct Damage {
-    const char* name;
-    std::function<void(const fs::path& file)> apply;
-};
-
-const Damage damages[] = {
-    {"missing", [](const fs::path& file) { fs::remove(file); }},
-    {"empty", [](const fs::path& file) { fs::resize_file(file, 0); }},
-    {"cut in half", [](const fs::path& file) { fs::resize_file(file, fs::file_size(file) / 2); }},
-    {"random bytes",
-     [](const fs::path& file) {
-         std::mt19937 random(7);
-         std::ofstream stream(file, std::ios::binary);
-         for (int i = 0; i < 5000; ++i) stream.put(static_cast<char>(random()));
-     }},
-};
-
-TEST_F(BadResources, APictureThatCannotBeReadEndsTheGameWithItsName) {
-    for (const fs::directory_entry& entry : fs::directory_iterator("Resources/Images")) {
-        if (entry.path().extension() == ".svg") continue;
-        const fs::path file = folder / entry.path();
-        for (const Damage& damage : damages) {
-            damage.apply(file);
-            const Ending ending = Play();
-            EXPECT_EQ(ending.exitCode, fatalExitCode) << entry.path() << " " << damage.name;
-            EXPECT_THAT(ending.told, HasSubstr("IMAGE LOADING ERROR File " + entry.path().string())) << damage.name;
-            fs::copy_file(entry.path(), file, fs::copy_options::overwrite_existing);
-        }
-    }
+void Spoil(const fs::path& file, int damage) {
+    fs::resize_file(file, damage == empty ? 0 : damage == halved ? fs::file_size(file) / 2 : 5000);
+    if (damage == missing) fs::remove(file);
+    if (damage != random) return;
+    std::mt19937 bytes(7);
+    std::ofstream stream(file, std::ios::binary);
+    for (int i = 0; i < 5000; ++i) stream.put(static_cast<char>(bytes()));
 }
 
-TEST_F(BadResources, TheGameGoesOnWithoutOutlineAndDataFiles) {
-    const struct {
-        const char* file;
-        const char* messageWhenMissing;
-        const char* messageWhenRandom;
-    } cases[] = {
-        {"Resources/Images/World1-1_Collision.svg",
-         "Failed to load geometry from file Resources/Images/World1-1_Collision.svg",
-         "Malformed geometry information in file Resources/Images/World1-1_Collision.svg"},
-        {"Resources/Files/Data_Pelko.txt", "File <Data_Pelko.txt> Could not be found!", ""},
-        {"Resources/Files/Data_Enemies.txt", "File <Data_Enemies.txt> Could not be found!", ""},
+TEST(BadResources, APictureEndsTheGameAndOtherFilesDoNot) {
+    const std::string outline = "Resources/Images/World1-1_Collision.svg";
+    std::map<std::string, std::map<int, std::string>> messages = {
+        {outline,
+         {{missing, "Failed to load geometry from file " + outline},
+          {random, "Malformed geometry information in file " + outline}}},
+        {"Resources/Files/Data_Pelko.txt", {{missing, "File <Data_Pelko.txt> Could not be found!"}}},
+        {"Resources/Files/Data_Enemies.txt", {{missing, "File <Data_Enemies.txt> Could not be found!"}}},
     };
-    for (const auto& [name, messageWhenMissing, messageWhenRandom] : cases) {
-        for (const Damage& damage : damages) {
-            damage.apply(folder / name);
-            const Ending ending = Play();
-            EXPECT_EQ(ending.exitCode, 0) << name << " " << damage.name;
-            const std::string kind = damage.name;
-            if (kind == "missing") { EXPECT_THAT(ending.told, HasSubstr(messageWhenMissing)); }
-            if (kind == "random bytes") { EXPECT_THAT(ending.told, HasSubstr(messageWhenRandom)); }
-            fs::copy_file(name, folder / name, fs::copy_options::overwrite_existing);
+    for (const auto& entry : fs::directory_iterator("Resources/Images")) messages[entry.path().string()];
+
+    const TestFolder copy;
+    copy.Copy("Resources");
+    copy.Write("three-frames.demo", "end 3\n");
+    for (auto& [file, expected] : messages) {
+        const bool isPicture = expected.empty();
+        for (int damage = missing; damage < damageCount; ++damage) {
+            Spoil(copy.Root() / file, damage);
+            const Ending ending = RunProgram("demo_player three-frames.demo", copy.Root());
+            EXPECT_EQ(ending.exitCode, isPicture ? 255 : 0) << file << ", damage " << damage;
+            const std::string message = isPicture ? "IMAGE LOADING ERROR File " + file : expected[damage];
+            EXPECT_THAT(ending.told, testing::HasSubstr(message)) << "damage " << damage;
+            fs::copy_file(file, copy.Root() / file, fs::copy_options::overwrite_existing);
         }
     }
 }

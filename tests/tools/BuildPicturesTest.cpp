@@ -1,5 +1,4 @@
 #include "platform/Picture.h"
-
 #include "tests/support/Program.h"
 #include "tests/support/TestFolder.h"
 
@@ -8,52 +7,38 @@
 
 #include <filesystem>
 #include <string>
-
-using testing::HasSubstr;
+#include <tuple>
 
 namespace {
 
-/// A copy of the sources in a folder of its own, where the pictures can be built without touching the game's.
-class Workshop : public TestFolder {
-public:
+/// Copies of the sources, where the pictures can be built without touching the game's.
+struct Workshop : TestFolder {
     Workshop() { Copy("art"); }
     Ending Build() const { return RunProgram("build_pictures", Root()); }
 };
 
-} // namespace
-
 TEST(BuildPictures, MakesExactlyWhatTheGameShows) {
-    Workshop workshop;
+    const Workshop workshop;
     const Ending ending = workshop.Build();
     ASSERT_EQ(ending.exitCode, 0) << ending.told;
     int compared = 0;
-    for (const char* subfolder : {"Resources/Images", "Resources/Files"}) {
-        for (const auto& entry : std::filesystem::directory_iterator(workshop.Root() / subfolder)) {
-            SCOPED_TRACE(entry.path().filename());
-            const std::filesystem::path kept = std::filesystem::path(subfolder) / entry.path().filename();
-            ++compared;
-            if (entry.path().extension() == ".svg" || entry.path().extension() == ".txt") {
-                EXPECT_EQ(RunCommand("cmp '" + entry.path().string() + "' '" + kept.string() + "'").told, "");
-                continue;
-            }
+    for (const std::string kept : {"Resources/Images", "Resources/Files"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(workshop.Root() / kept)) {
+            const std::string name = kept + "/" + entry.path().filename().string();
             const auto built = platform::LoadPicture(entry.path().string());
-            const auto game = platform::LoadPicture(kept.string());
-            ASSERT_TRUE(built);
-            ASSERT_TRUE(game);
-            EXPECT_EQ(built->width, game->width);
-            EXPECT_TRUE(built->pixels == game->pixels) << "edited by hand, or not built again";
+            const auto shown = platform::LoadPicture(name);
+            const bool isSame = built && shown
+                                    ? built->width == shown->width && built->pixels == shown->pixels
+                                    : RunCommand("cmp '" + entry.path().string() + "' " + name).exitCode == 0;
+            EXPECT_TRUE(isSame) << name << " was edited by hand, or not built again";
+            ++compared;
         }
     }
     EXPECT_EQ(compared, 22);
 }
 
 TEST(BuildPictures, NamesFileAndLineOfAFault) {
-    struct Case {
-        const char* file;
-        const char* line;
-        const char* fault;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, const char*, const char*> cases[] = {
         {"palette.txt", "extra1 ffffff\n", "palette.txt:65: more than 48 colours"},
         {"level/scene.txt", "bush 100\n", "the width is missing"},
         {"level/scene.txt", "tree 100 0 20 near bark\n", "the height must be at least 1"},
@@ -64,14 +49,13 @@ TEST(BuildPictures, NamesFileAndLineOfAFault) {
         {"sprites/things.txt", "part torn\noo\n", "the file ends inside a grid"},
         {"sprites/things.txt", "row 0 0 16 : nothing\n", "no such frame"},
     };
-    for (const Case& spoiled : cases) {
-        SCOPED_TRACE(spoiled.line);
-        Workshop workshop;
-        const std::string source = std::string("art/") + spoiled.file;
-        workshop.Write(source, workshop.Read(source) + spoiled.line);
+    for (const auto& [file, line, fault] : cases) {
+        const Workshop workshop;
+        workshop.Write("art/" + file, workshop.Read("art/" + file) + line);
         const Ending ending = workshop.Build();
-        EXPECT_EQ(ending.exitCode, 2);
-        EXPECT_THAT(ending.told, HasSubstr(spoiled.fault));
-        EXPECT_THAT(ending.told, HasSubstr(source + ":"));
+        EXPECT_EQ(ending.exitCode, 2) << line;
+        EXPECT_THAT(ending.told, testing::AllOf(testing::HasSubstr("art/" + file + ":"), testing::HasSubstr(fault)));
     }
 }
+
+} // namespace

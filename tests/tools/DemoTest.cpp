@@ -2,10 +2,12 @@
 
 #include "platform/Messages.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -14,33 +16,20 @@ Demo Read(const std::string& text) {
     return ReadDemo(stream, "x.demo");
 }
 
-std::string Fault(const std::string& text) {
-    try {
-        Read(text);
-    } catch (const DemoError& error) { return error.what(); }
-    return "none";
-}
-
 TEST(DemoFile, ReadsStepEventsAndEnd) {
     const Demo demo =
-        Read("# walk\n\ndt 0.02\r\n0 press RIGHT   # at once\n95 press UP\n95 release NUMPAD7\n110 press Q\nend 600\n");
+        Read("# walk\n\ndt 0.02\r\n0 press RIGHT   # at once\n95 release NUMPAD7\n110 press Q\nend 600\n");
     EXPECT_EQ(demo.frameSeconds, 0.02);
     EXPECT_EQ(demo.endFrame, 600);
-    ASSERT_EQ(demo.events.size(), 4U);
-    EXPECT_EQ(demo.events[0].virtualKey, VK_RIGHT);
-    EXPECT_TRUE(demo.events[0].isPress);
-    EXPECT_EQ(demo.events[2].frame, 95);
-    EXPECT_EQ(demo.events[2].virtualKey, VK_NUMPAD0 + 7);
-    EXPECT_FALSE(demo.events[2].isPress);
-    EXPECT_EQ(demo.events[3].virtualKey, 'Q');
+    std::string events;
+    for (const auto& event : demo.events)
+        events += std::to_string(event.frame) + (event.isPress ? "+" : "-") + std::to_string(event.virtualKey) + " ";
+    EXPECT_EQ(events, "0+39 95-103 110+81 "); // the codes of the right arrow, of 7 on the keypad and of Q
     EXPECT_EQ(Read("end 3").frameSeconds, 1.0 / 60.0);
 }
 
 TEST(DemoFile, NamesFileAndLineOfWhatIsWrong) {
-    const struct {
-        const char* text;
-        const char* fault;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"0 press SHIFT\nend 1\n", "x.demo:1: unknown key 'SHIFT'"},
         {"\n5 press A\n4 release A\nend 9\n", "x.demo:3: out of order: frame 4 comes after frame 5"},
         {"5 press A\nend 4\n", "x.demo:2: out of order: frame 4 comes after frame 5"},
@@ -54,12 +43,9 @@ TEST(DemoFile, NamesFileAndLineOfWhatIsWrong) {
         {"end 9\n9 press A\n", "x.demo:2: nothing may follow 'end'"},
         {"0 press A\n", "x.demo:1: 'end FRAME' is missing"},
         {"", "x.demo:0: 'end FRAME' is missing"},
-        {"\x7f\x45\x4c\x46\x01\nend 1\n", "x.demo:1: expected 'FRAME press KEY' or 'FRAME release KEY'"},
     };
-    for (const auto& [text, fault] : cases) EXPECT_EQ(Fault(text), fault) << text;
-}
-
-TEST(DemoFile, SaysWhenItCannotBeOpened) {
+    for (const auto& [text, fault] : cases)
+        EXPECT_THAT([text = text] { Read(text); }, testing::ThrowsMessage<DemoError>(fault)) << text;
     EXPECT_THROW(ReadDemoFile("no/such.demo"), DemoError);
     EXPECT_THROW(ReadDemoFile("."), DemoError);
 }

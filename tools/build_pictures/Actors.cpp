@@ -1,5 +1,6 @@
 #include "tools/build_pictures/Actors.h"
 
+#include "game/entities/EnemyKinds.h"
 #include "tools/art/SourceFile.h"
 #include "tools/build_pictures/Terrain.h"
 
@@ -13,6 +14,14 @@ namespace {
 /// One line of a data file: a label filled up to fifteen characters, then the value.
 void WriteField(std::ostream& stream, const std::string& label, int value) {
     stream << std::left << std::setw(15) << label + ":" << value << '\n';
+}
+
+/// Null if no enemy has the name.
+const EnemyKind* FindKind(const std::string& name) {
+    for (const EnemyMaker& maker : EnemyMakers()) {
+        if (name == maker.kindPtr->name) return maker.kindPtr;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -29,15 +38,13 @@ void WriteActors(const std::string& path, const Terrain& terrain, const std::str
             WriteField(hero, "PositionX", x);
             WriteField(hero, "PositionY", file.Number("y"));
             WriteField(hero, "FormState", file.Number("the form"));
-        } else if (who == "skreel" || who == "dorvak") {
-            const int type = who == "dorvak" ? 1 : 0;
-            const int halfHeight = type == 1 ? 12 : 8;
-            WriteField(enemies, "PositionX", x);
-            WriteField(enemies, "PositionY", terrain.GroundAt(x) - halfHeight);
-            WriteField(enemies, "Type", type);
-            enemies << '\n';
         } else {
-            file.Fail("nobody is called " + who);
+            const EnemyKind* const kindPtr = FindKind(who);
+            if (kindPtr == nullptr) file.Fail("nobody is called " + who);
+            WriteField(enemies, "PositionX", x);
+            WriteField(enemies, "PositionY", terrain.GroundAt(x) - kindPtr->height / 2);
+            WriteField(enemies, "Type", kindPtr->type);
+            enemies << '\n';
         }
     }
     if (!hero.flush() || !enemies.flush()) file.Fail("the data files cannot be written");

@@ -1,9 +1,11 @@
 #include "tools/build_pictures/ContactSheet.h"
 
+#include "game/ChosenLevel.h"
 #include "tools/build_pictures/Brush.h"
 #include "tools/build_pictures/Terrain.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <vector>
 
 namespace pictures {
@@ -31,11 +33,12 @@ void Stamp(Picture& onto, const Picture& from, int x, int y, int scale) {
 
 Picture ShowLevel(const Picture& level, const std::map<std::string, Picture>& sheets) {
     Picture whole = level;
-    const Picture& flag = sheets.at("Flag.bmp");
-    Stamp(whole, flag, 3176 - flag.width, 41, 1);
-    Stamp(whole, sheets.at("PipeVerticalBig.bmp"), 914, 136, 1);
-    Stamp(whole, sheets.at("PipeVerticalSmall.bmp"), 2610, 168, 1);
-    Stamp(whole, sheets.at("PipeHorizontal.bmp"), 208, 392, 1);
+    const auto sheet = [&](const char* file) -> const Picture& {
+        return sheets.at(std::filesystem::path(file).filename().string());
+    };
+    const Picture& flag = sheet(chosenLevel.flag.picture);
+    Stamp(whole, flag, chosenLevel.flag.flagRight - flag.width, static_cast<int>(chosenLevel.flag.upY), 1);
+    for (const PipePlan& pipe : chosenLevel.pipes) Stamp(whole, sheet(pipe.picture), pipe.x, pipe.y, 1);
 
     constexpr int strips = 4;
     constexpr int stripWidth = levelWidth / strips;

@@ -1,5 +1,6 @@
 #include "tools/build_pictures/LevelPainter.h"
 
+#include "game/ChosenLevel.h"
 #include "tools/art/SourceFile.h"
 #include "tools/build_pictures/Brush.h"
 #include "tools/build_pictures/Buildings.h"
@@ -15,7 +16,7 @@ using platform::Picture;
 
 namespace {
 
-constexpr int castleFrontX = 3272; // where the game draws the castle's front
+constexpr int castleFrontX = static_cast<int>(chosenLevel.castle.position.x); // where the game draws it
 
 } // namespace
 

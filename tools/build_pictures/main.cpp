@@ -1,3 +1,4 @@
+#include "game/ChosenLevel.h"
 #include "tools/build_pictures/Actors.h"
 #include "tools/build_pictures/ContactSheet.h"
 #include "tools/build_pictures/LevelPainter.h"
@@ -18,13 +19,10 @@ void Save(const std::filesystem::path& path, const platform::Picture& picture) {
 }
 
 /// `show`: a folder for pictures of everything together; none when empty.
-void Build(const std::filesystem::path& art, const std::filesystem::path& resources,
-           const std::filesystem::path& show) {
+void Build(const std::filesystem::path& art, const std::filesystem::path& images, const std::filesystem::path& show) {
     const Palette palette((art / "palette.txt").string());
-    const std::filesystem::path images = resources / "Images";
     std::filesystem::create_directories(images);
-    const std::filesystem::path files = resources / "Files";
-    std::filesystem::create_directories(files);
+    std::filesystem::create_directories(std::filesystem::path(chosenLevel.enemyFile).parent_path());
 
     std::map<std::string, SpriteSource> sources;
     std::map<std::string, platform::Picture> sheets;
@@ -38,16 +36,13 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& resour
     }
 
     const Terrain terrain((art / "level" / "terrain.svg").string());
-    if (!terrain.SaveOutline((images / "World1-1_Collision.svg").string())) {
-        throw std::runtime_error("the outline cannot be written");
-    }
-    WriteActors((art / "level" / "actors.txt").string(), terrain, (files / "Data_Pelko.txt").string(),
-                (files / "Data_Enemies.txt").string());
+    if (!terrain.SaveOutline(chosenLevel.outline)) { throw std::runtime_error("the outline cannot be written"); }
+    WriteActors((art / "level" / "actors.txt").string(), terrain, chosenLevel.heroFile, chosenLevel.enemyFile);
     if (!sources.contains("props")) throw std::runtime_error((art / "sprites" / "props.txt").string() + ": missing");
     LevelPainter painter(palette, terrain, sources.at("props"));
     painter.Read((art / "level" / "scene.txt").string());
-    Save(images / "World1-1.png", painter.Level());
-    Save(images / "CastleHalf.png", painter.CastleFront());
+    Save(chosenLevel.background, painter.Level());
+    Save(chosenLevel.castle.file, painter.CastleFront());
 
     if (show.empty()) return;
     std::filesystem::create_directories(show);
@@ -67,7 +62,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        Build("art", "Resources", shows ? argv[2] : "");
+        Build("art", "Resources/Images", shows ? argv[2] : "");
     } catch (const std::exception& fault) {
         std::cerr << fault.what() << '\n';
         return 2;

@@ -1,10 +1,14 @@
 #include "tools/build_sounds/Mastering.h"
 
+#include <ebur128.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <deque>
+#include <memory>
+#include <new>
 #include <numbers>
-#include <numeric>
 #include <utility>
 
 namespace synth {
@@ -14,55 +18,21 @@ namespace {
 constexpr double lookAheadSeconds = 0.005;
 constexpr double recoverySeconds = 0.12;
 
-double FromDecibels(double decibels) { return std::pow(10.0, decibels / 20.0); }
-
-/// A filter of second order, direct form.
-struct Biquad {
-    double b0, b1, b2, a1, a2;
+/// A high-pass of second order at 28 Hz: what is lower is felt rather than heard and takes room from the rest.
+void CutRumble(std::vector<float>& channel) {
+    const double k = std::tan(std::numbers::pi * 28.0 / samplesPerSecond);
+    const double q = std::numbers::sqrt2 / 2.0;
+    const double a0 = 1.0 + k / q + k * k;
+    const double a1 = 2.0 * (k * k - 1.0) / a0;
+    const double a2 = (1.0 - k / q + k * k) / a0;
     double x1 = 0.0, x2 = 0.0, y1 = 0.0, y2 = 0.0;
-    double Next(double x) {
-        const double y = b0 * x + b1 * x1 + b2 * x2 - a1 * y1 - a2 * y2;
+    for (float& value : channel) {
+        const double x = value;
+        const double y = 1.0 / a0 * x + -2.0 / a0 * x1 + 1.0 / a0 * x2 - a1 * y1 - a2 * y2;
         x2 = std::exchange(x1, x);
         y2 = std::exchange(y1, y);
-        return y;
+        value = static_cast<float>(y);
     }
-};
-
-/// The two filters of the standard, which weigh a sound as a head and an ear do; from their analogue parameters, since
-/// the standard's table holds for 48 kHz only.
-Biquad HeadFilter() {
-    const double k = std::tan(std::numbers::pi * 1681.974450955533 / samplesPerSecond);
-    const double q = 0.7071752369554196;
-    const double high = std::pow(10.0, 3.999843853973347 / 20.0);
-    const double band = std::pow(high, 0.4996667741545416);
-    const double a0 = 1.0 + k / q + k * k;
-    return {(high + band * k / q + k * k) / a0, 2.0 * (k * k - high) / a0, (high - band * k / q + k * k) / a0,
-            2.0 * (k * k - 1.0) / a0, (1.0 - k / q + k * k) / a0};
-}
-
-Biquad LowCutFilter(double frequency, double q) {
-    const double k = std::tan(std::numbers::pi * frequency / samplesPerSecond);
-    const double a0 = 1.0 + k / q + k * k;
-    return {1.0 / a0, -2.0 / a0, 1.0 / a0, 2.0 * (k * k - 1.0) / a0, (1.0 - k / q + k * k) / a0};
-}
-
-double ToLoudness(double power) { return -0.691 + 10.0 * std::log10(std::max(power, 1e-12)); }
-
-/// Mean power of the blocks louder than `gate` LUFS.
-double GatedPower(const std::vector<double>& blocks, double gate) {
-    double sum = 0.0;
-    int count = 0;
-    for (const double power : blocks) {
-        if (ToLoudness(power) <= gate) continue;
-        sum += power;
-        ++count;
-    }
-    return count > 0 ? sum / count : 0.0;
-}
-
-void CutRumble(std::vector<float>& channel) {
-    Biquad filter = LowCutFilter(28.0, std::numbers::sqrt2 / 2.0);
-    for (float& value : channel) value = static_cast<float>(filter.Next(value));
 }
 
 void Amplify(Stereo& sound, double gain) {
@@ -114,24 +84,16 @@ void Limit(Stereo& sound, double ceiling) {
 } // namespace
 
 double MeasureLoudness(const Stereo& sound) {
-    // blocks of 0.4 s that overlap by three quarters, built from quarters
-    const auto quarter = static_cast<std::size_t>(samplesPerSecond / 10);
-    std::vector<double> quarters(sound.left.size() / quarter);
-    for (const std::vector<float>* channelPtr : {&sound.left, &sound.right}) {
-        Biquad head = HeadFilter();
-        Biquad lowCut = LowCutFilter(38.13547087602444, 0.5003270373238773);
-        for (std::size_t i = 0; i < quarters.size() * quarter; ++i) {
-            const double value = lowCut.Next(head.Next((*channelPtr)[i]));
-            quarters[i / quarter] += value * value / static_cast<double>(quarter);
-        }
+    const auto destroy = [](ebur128_state* statePtr) { ebur128_destroy(&statePtr); };
+    const std::unique_ptr<ebur128_state, decltype(destroy)> meterPtr(ebur128_init(2, samplesPerSecond, EBUR128_MODE_I));
+    if (!meterPtr) throw std::bad_alloc();
+    for (std::size_t i = 0; i < sound.left.size(); ++i) {
+        const std::array<float, 2> frame = {sound.left[i], sound.right[i]};
+        ebur128_add_frames_float(meterPtr.get(), frame.data(), 1);
     }
-    std::vector<double> blocks;
-    for (std::size_t i = 0; i + 4 <= quarters.size(); ++i) {
-        const auto from = quarters.begin() + static_cast<std::ptrdiff_t>(i);
-        blocks.push_back(std::accumulate(from, from + 4, 0.0) / 4.0);
-    }
-    const double gate = ToLoudness(GatedPower(blocks, -70.0)) - 10.0;
-    return std::max(ToLoudness(GatedPower(blocks, std::max(gate, -70.0))), -70.0);
+    double loudness = 0.0;
+    ebur128_loudness_global(meterPtr.get(), &loudness);
+    return std::max(loudness, -70.0);
 }
 
 std::vector<std::int16_t> Master(Stereo sound, const Score& score) {

@@ -1,6 +1,7 @@
 #include "tools/build_sounds/Score.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace synth {
 
@@ -12,5 +13,7 @@ double Curve::At(double second) const {
     const Point& from = *(next - 1);
     return from.value + (next->value - from.value) * (second - from.second) / (next->second - from.second);
 }
+
+double FromDecibels(double decibels) { return std::pow(10.0, decibels / 20.0); }
 
 } // namespace synth

@@ -80,6 +80,9 @@ struct Score {
     double quality = 0.6;  // of the encoder: 0 best, 1 smallest
 };
 
+/// The factor that changes a level by `decibels`.
+double FromDecibels(double decibels);
+
 /// What is wrong with a score, as "file:line: what".
 class ScoreError : public std::runtime_error {
 public:

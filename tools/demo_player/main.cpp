@@ -1,10 +1,13 @@
 // Plays a demo with the real game, without a window, and writes down what happens.
 
-#include "platform/Picture.h"
+#include "game/Quillfen.h"
 #include "tools/demo/Demo.h"
 #include "tools/demo/DemoRun.h"
 #include "tools/demo/Trace.h"
 #include "tools/demo_player/AllocationCount.h"
+#include "tools/demo_player/Frame.h"
+#include "tools/demo_player/Guard.h"
+#include "tools/demo_player/TraceCompare.h"
 
 #include <algorithm>
 #include <charconv>
@@ -14,13 +17,17 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace {
 
+constexpr int differsExitCode = 1;
 constexpr int usageExitCode = 2;
+constexpr char usage[] = "usage: demo_player DEMO [--trace FILE] [--frames DIR] [--every K] [--timedemo] "
+                         "[--check | --renew], or demo_player --compare OLD-TRACE NEW-TRACE";
 constexpr int warmUpFrames = 60; // lists, queues and caches reach their size
 
 struct Options {
@@ -29,6 +36,8 @@ struct Options {
     std::string framesFolder;
     int every = 1;
     bool timesDemo = false;
+    HashUse hashUse = HashUse::none;
+    std::filesystem::path picturesFolder; // beside the program
 };
 
 [[noreturn]] void FailWith(const std::string& text) {
@@ -38,6 +47,7 @@ struct Options {
 
 Options ReadOptions(int argc, char** argv) {
     Options options;
+    options.picturesFolder = std::filesystem::path(argv[0]).parent_path() / "pictures";
     for (int i = 1; i < argc; ++i) {
         const std::string_view word = argv[i];
         const auto value = [&]() -> std::string {
@@ -56,14 +66,15 @@ Options ReadOptions(int argc, char** argv) {
             }
         } else if (word == "--timedemo") {
             options.timesDemo = true;
+        } else if ((word == "--check" || word == "--renew") && options.hashUse == HashUse::none) {
+            options.hashUse = word == "--check" ? HashUse::check : HashUse::renew;
         } else if (word.starts_with("--") || !options.demoPath.empty()) {
             FailWith("unexpected '" + std::string(word) + "'");
         } else {
             options.demoPath = word;
         }
     }
-    if (options.demoPath.empty())
-        FailWith("usage: demo_player DEMO [--trace FILE] [--frames DIR] [--every K] [--timedemo]");
+    if (options.demoPath.empty()) FailWith(usage);
     return options;
 }
 
@@ -80,13 +91,9 @@ public:
     void Write(int frame, const platform::FrameView& view) {
         ShowProgress(frame + 1);
         if (frame % every != 0) return;
-        platform::Picture picture(view.width, view.height);
-        for (int y = 0; y < view.height; ++y) {
-            std::copy_n(view.pixels + static_cast<std::ptrdiff_t>(y) * view.stride, view.width, &picture.At(0, y));
-        }
         char name[32];
         std::snprintf(name, sizeof name, "/%06d.png", frame);
-        if (!platform::SavePng(folder + name, picture)) FailWith(folder + name + ": cannot be written");
+        SaveFrame(folder + name, view);
         ++written;
     }
 
@@ -167,16 +174,18 @@ int Play(const Options& options) {
     if (!options.framesFolder.empty()) {
         writerPtr = std::make_unique<FrameWriter>(options.framesFolder, options.every, demo.endFrame);
     }
+    std::optional<Guard> guard;
+    if (options.hashUse != HashUse::none) guard.emplace(options.demoPath, options.hashUse, options.picturesFolder);
     FrameTimer timer(demo.endFrame);
-    std::string line;
     const int exitCode =
         RunDemo(demo, [&](platform::ScriptedDesktop& desktop, int frame, const platform::FrameView& view) {
             if (options.timesDemo) timer.Count(frame);
-            if (!trace.is_open()) desktop.onMediaCommand = [](std::wstring_view) {}; // nobody will ask for them
-            if (trace.is_open()) {
-                line.clear();
-                AppendTraceLine(line, frame, desktop.mediaCommands);
-                trace << line;
+            if (trace.is_open() || guard) {
+                const Trace state = TraceOfGame(desktop.mediaCommands);
+                if (trace.is_open()) trace << TraceLine(frame, state);
+                if (guard) guard->Look(frame, state, view, Quillfen::GetSingleton()->ShowsDebug());
+            } else {
+                desktop.onMediaCommand = [](std::wstring_view) {}; // nobody will ask for them
             }
             if (writerPtr) writerPtr->Write(frame, view);
             desktop.mediaCommands.clear();
@@ -184,12 +193,25 @@ int Play(const Options& options) {
     if (trace.is_open() && !trace.flush()) FailWith(options.tracePath + ": cannot be written");
     if (writerPtr) writerPtr->Finish();
     if (options.timesDemo) timer.Print();
-    return exitCode;
+    const std::string faults = guard ? guard->Finish() : "";
+    std::fputs(faults.c_str(), stdout);
+    return faults.empty() ? exitCode : differsExitCode;
+}
+
+int Compare(const std::string& oldPath, const std::string& newPath) {
+    std::ifstream old(oldPath);
+    std::ifstream changed(newPath);
+    if (!old) FailWith(oldPath + ": cannot be opened");
+    if (!changed) FailWith(newPath + ": cannot be opened");
+    const std::string difference = FirstDifference(old, changed);
+    if (!difference.empty()) std::printf("%s\n", difference.c_str());
+    return difference.empty() ? EXIT_SUCCESS : differsExitCode;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 4 && std::string_view(argv[1]) == "--compare") return Compare(argv[2], argv[3]);
     try {
         return Play(ReadOptions(argc, argv));
     } catch (const DemoError& error) { FailWith(error.what()); }

@@ -1,5 +1,6 @@
 #include "tools/level_check/PlaceCheck.h"
 
+#include "game/ChosenLevel.h"
 #include "game/entities/EnemyList.h"
 #include "game/entities/EntityList.h"
 #include "game/player/BlockList.h"
@@ -59,7 +60,9 @@ void CheckPlaces(const SolidMap& map, Findings& findings) {
     }
 
     constexpr double quietDistance = 60.0;
-    constexpr DOUBLE2 quietPlaces[] = {{50.0, 150.0}, {8.0, 184.0}, {1072.0, 180.0}, {50.0, 250.0}, {2623.0, 136.0}};
+    constexpr DOUBLE2 landingAfterEarlyFall(8.0, 184.0); // before the checkpoint he starts again at (0, 0)
+    constexpr DOUBLE2 quietPlaces[] = {chosenLevel.start, landingAfterEarlyFall, chosenLevel.checkpoint.start,
+                                       chosenLevel.room.start, chosenLevel.room.exit};
     const EnemyList& enemies = *EnemyList::GetSingleton();
     for (int i = 0; i < EnemyList::slotCount; ++i) {
         const std::string name = "enemy " + std::to_string(i);

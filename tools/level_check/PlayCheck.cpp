@@ -1,6 +1,7 @@
 #include "tools/level_check/PlayCheck.h"
 
 #include "engine/GameEngine.h"
+#include "game/ChosenLevel.h"
 #include "game/Handy.h"
 #include "game/Level.h"
 #include "game/entities/EnemyList.h"
@@ -26,15 +27,14 @@ constexpr double fellOutY = 460.0;
 constexpr int placeSize = 12; // places closer together than this are one
 constexpr int smallHeight = 16;
 
-bool Overlap(RECT2 a, RECT2 b) { return HasBox(a) && HasBox(b) && Handy::GetSingleton()->RectsOverlap(a, b); }
+bool Touch(RECT2 a, RECT2 b) { return Handy::GetSingleton()->Touch(a, b); }
 
 } // namespace
 
 void PlayCheck::Run(Findings& findings) {
     Prepare();
     Explore(Pelko::GetSingleton()->GetPosition());
-    constexpr DOUBLE2 undergroundStart(50.0, 250.0);
-    if (pipeEntered) Explore(undergroundStart);
+    if (pipeEntered) Explore(chosenLevel.room.start);
 
     const BlockList& blocks = *BlockList::GetSingleton();
     for (int i = 0; i < BlockList::blockCount; ++i) {
@@ -54,9 +54,10 @@ void PlayCheck::Run(Findings& findings) {
     }
     const Level& level = *Level::GetSingleton();
     if (!flagTouched) findings.Add("the flag cannot be reached", level.GetFlagpoleRect());
-    if (!pipeEntered) findings.Add("nobody can stand on the pipe down", level.GetPipeEntryRectVertical());
-    if (!pipeLeft)
-        findings.Add("nobody can stand at the pipe out of the room below", level.GetPipeEntryRectHorizontal());
+    const RECT2 wayDown = level.GetPipeEntryRectVertical(); // a level may do without pipes
+    const RECT2 wayOut = level.GetPipeEntryRectHorizontal();
+    if (HasBox(wayDown) && !pipeEntered) findings.Add("nobody can stand on the pipe down", wayDown);
+    if (HasBox(wayOut) && !pipeLeft) findings.Add("nobody can stand at the pipe out of the room below", wayOut);
     ReportPits(findings);
 }
 
@@ -110,9 +111,9 @@ void PlayCheck::LookAround() {
 
     const Level& level = *Level::GetSingleton();
     const Pelko& hero = *Pelko::GetSingleton();
-    if (Overlap(hero.GetHitRectHorizontal(), level.GetFlagpoleRect())) flagTouched = true;
-    if (Overlap(hero.GetHitRectVertical(), level.GetPipeEntryRectVertical())) pipeEntered = true;
-    if (Overlap(hero.GetHitRectVertical(), level.GetPipeEntryRectHorizontal())) pipeLeft = true;
+    if (Touch(hero.GetHitRectHorizontal(), level.GetFlagpoleRect())) flagTouched = true;
+    if (Touch(hero.GetHitRectVertical(), level.GetPipeEntryRectVertical())) pipeEntered = true;
+    if (Touch(hero.GetHitRectVertical(), level.GetPipeEntryRectHorizontal())) pipeLeft = true;
 }
 
 void PlayCheck::Explore(DOUBLE2 start) {

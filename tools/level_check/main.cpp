@@ -1,5 +1,6 @@
 // Checks the level as the game reads it, for designers and for a test.
 
+#include "game/ChosenLevel.h"
 #include "platform/Picture.h"
 #include "tools/art/Palette.h"
 #include "tools/demo/DemoRun.h"
@@ -26,9 +27,9 @@ std::string ToUtf8(const std::wstring& text) {
 }
 
 int Check(const std::string& picturePath) {
-    const auto level = platform::LoadPicture("Resources/Images/World1-1.png");
+    const auto level = platform::LoadPicture(chosenLevel.background);
     if (!level) {
-        std::fprintf(stderr, "level_check: Resources/Images/World1-1.png cannot be read\n");
+        std::fprintf(stderr, "level_check: %s cannot be read\n", chosenLevel.background);
         return usageExitCode;
     }
     const pictures::Palette palette("art/palette.txt");
@@ -38,7 +39,7 @@ int Check(const std::string& picturePath) {
     Demo oneFrame;
     oneFrame.endFrame = 1;
     RunDemo(oneFrame, [&](platform::ScriptedDesktop& desktop, int, const platform::FrameView&) {
-        const Outline outline("Resources/Images/World1-1_Collision.svg", findings);
+        const Outline outline(chosenLevel.outline, findings);
         outline.CheckShape(findings);
         const SolidMap map{level->width, level->height, outline.Fill(level->width, level->height)};
         CheckPicture(map, *level, palette, findings);

@@ -7,7 +7,7 @@ namespace pictures {
 class Terrain;
 
 /// Writes the game's two data files from the list at `path`: "hero X Y FORM", "skreel X", "dorvak X".
-/// Enemies are set on the ground of their column. Throws SourceError.
+/// Enemies are placed on the ground of their column. Throws SourceError.
 void WriteActors(const std::string& path, const Terrain& terrain, const std::string& heroFile,
                  const std::string& enemyFile);
 

@@ -17,7 +17,7 @@ void Save(const std::filesystem::path& path, const platform::Picture& picture) {
     if (!saved) throw std::runtime_error(path.string() + ": cannot be written");
 }
 
-/// `show`: a folder for pictures of everything together; none when empty.
+/// `show`: a folder for overviews of the level and of all sheets; no overviews if it is empty.
 void Build(const std::filesystem::path& art, const std::filesystem::path& resources,
            const std::filesystem::path& show) {
     const Palette palette((art / "palette.txt").string());
@@ -58,8 +58,8 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& resour
 } // namespace
 
 /// build_pictures [--show FOLDER]: makes every picture, the outline and the data files under Resources/ from the
-/// sources in art/. Runs in the root folder. With a FOLDER it also puts there the whole level and all sheets, to look
-/// at.
+/// sources in art/. Run it in the root folder. With a FOLDER it also writes overviews of the level and of all sheets
+/// there.
 int main(int argc, char** argv) {
     const bool shows = argc == 3 && std::string(argv[1]) == "--show";
     if (argc != 1 && !shows) {

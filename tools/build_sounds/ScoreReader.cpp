@@ -17,7 +17,7 @@ namespace {
 using Words = std::vector<std::string_view>;
 
 constexpr std::string_view blanks = " \t\r";
-constexpr double longestSeconds = 900.0; // a slip of the pen shall not fill the memory
+constexpr double longestSeconds = 900.0; // a typing mistake must not fill the memory
 constexpr double accent = 1.35;
 constexpr double ghost = 0.55;
 
@@ -63,7 +63,7 @@ struct Phrase {
     double beats = 0.0;
     double barBeats = 0.0; // where the last bar line stood
     bool hasBars = false;
-    std::size_t chordStart = 0; // the events that a tie makes longer
+    std::size_t chordStart = 0; // a tie lengthens the events from here on
     double lastLength = 1.0;
 };
 
@@ -378,7 +378,7 @@ private:
         return 12.0 * (rest.front() - '0' + 1) + pitch;
     }
 
-    /// In beats: 4 is a quarter, 4. a dotted one, 8t one of three in a quarter's time, 120ms a time.
+    /// In beats: 4 is a quarter, 4. a dotted quarter, 8t one of three in a quarter, 120ms a time in milliseconds.
     double ReadLength(std::string_view text) const {
         if (text.ends_with("ms")) return Number(text.substr(0, text.size() - 2), 1, 60000) * tempo / 60000.0;
         double factor = 1.0;
@@ -389,7 +389,8 @@ private:
         return 4.0 / Number(text, 1, 128) * factor;
     }
 
-    /// Bars between '|'; the characters of a bar share it evenly. x hits, X hits hard, o softly, '.' and '-' rest.
+    /// Bars are separated by '|' and divided evenly among their characters: x hit, X hard hit, o soft hit, . and -
+    /// rest.
     void ReadGrid(const Words& words) {
         Phrase& phrase = *phrasePtr;
         std::string grid;
@@ -456,7 +457,7 @@ private:
         double count = 1.0;
         while (at < word.size()) {
             const char sign = word[at];
-            // two on from here: the number after an '@' may have a sign of its own
+            // the search starts two characters on: the number after an '@' may have a sign
             const std::size_t end = std::min(word.find_first_of(signs, at + 2), word.size());
             const std::string_view digits = word.substr(at + 1, end - at - 1);
             switch (sign) {
@@ -480,7 +481,7 @@ private:
         return use.beats * static_cast<int>(count);
     }
 
-    /// Where a beat falls in time when the first of each pair of short notes is held longer.
+    /// The beat at which a note sounds when the first of each pair of short notes is held longer.
     double Swung(double beat) const {
         const double pair = 2.0 * swingUnit;
         const double from = std::floor(beat / pair) * pair;
@@ -524,7 +525,7 @@ private:
     std::filesystem::path file;
     int line = 0;
     int useDepth = 0;
-    Order bodyReader = nullptr; // what an indented line belongs to
+    Order bodyReader = nullptr; // reads indented lines
 
     double tempo = 120.0; // quarters a minute
     double meter = 4.0;   // beats in a bar
@@ -539,7 +540,7 @@ private:
     Patch* patchPtr = nullptr;
     Phrase* phrasePtr = nullptr;
     Section* sectionPtr = nullptr;
-    double sectionBars = 0.0; // 0: as long as its longest part
+    double sectionBars = 0.0; // 0: the length of its longest part
 };
 
 } // namespace

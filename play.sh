@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds Quillfen and starts it.
+# Installs missing packages, builds Quillfen and starts it.
 set -euo pipefail
 cd "$(dirname "$0")"
 . tools/prepare.sh

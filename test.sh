@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds everything and runs every test.
+# Installs missing packages, builds everything and runs every test.
 # An argument names another preset: ./test.sh asan
 set -euo pipefail
 cd "$(dirname "$0")"

@@ -1,6 +1,7 @@
-# Installs what building Quillfen needs on Debian and Ubuntu and is not there yet. Sourced by play.sh, test.sh and CI:
-#     prepare play    what the game needs
-#     prepare test    and what its tests, benchmarks and checks need
+# Installs the packages that building Quillfen on Debian and Ubuntu needs and that are missing. Sourced by play.sh, test.sh
+# and .ci/run:
+#     prepare play    for the game
+#     prepare test    for its tests, benchmarks, tools and checks as well
 prepare() {
     local wanted="g++ cmake make pkg-config libsdl2-dev libsdl2-image-dev libcairo2-dev libpango1.0-dev
                   libpolyclipping-dev libopenal-dev libsndfile1-dev libfluidsynth-dev fonts-dejavu-core"

@@ -9,7 +9,7 @@ std::unique_ptr<Made> ControlsGame::Add(String const& text, int x, int y, int wi
     return madePtr;
 }
 
-// Controls are children of the window, so they are made when it exists. Tab visits them in this order.
+// Controls are children of the window, so they are made once it exists. Tab visits them in this order.
 void ControlsGame::GameStart() {
     fontPtr = std::make_unique<Font>(L"sans-serif", 15.0F);
     signalFontPtr = std::make_unique<Font>(L"sans-serif", 28.0F);
@@ -23,7 +23,7 @@ void ControlsGame::GameStart() {
 }
 
 void ControlsGame::GameEnd() {
-    timerPtr.reset(); // no call comes after this
+    timerPtr.reset(); // it makes no calls after this
     textBoxPtr.reset();
     delayBoxPtr.reset();
     switchPtr.reset();

@@ -9,16 +9,16 @@
 #include <atomic>
 #include <memory>
 
-/// A form for a signal lamp: what it says, how often it flashes, a button to switch it on and off.
+/// A form for a signal lamp: its text, the delay of its flashes, a button that switches it on and off.
 class ControlsGame : public GalleryGame, public Callable {
 public:
     ControlsGame() : GalleryGame(L"Timers and controls") {}
     void GameStart() override;
     void GameEnd() override;
     void GamePaint(RECT rect) override;
-    /// Escape leaves a control here, so it must not end the program as well.
+    /// Does nothing: in a form Escape leaves a control, so it must not quit the program.
     void KeyPressed(TCHAR) override {}
-    /// Something has happened to a control or the timer.
+    /// Called by the controls and the timer.
     void CallAction(Caller* callerPtr) override;
 
 private:
@@ -35,5 +35,5 @@ private:
     std::unique_ptr<Font> fontPtr;
     std::unique_ptr<Font> signalFontPtr;
     String signal = L"";
-    std::atomic<int> changes = 0; // the timer counts them on a thread of its own
+    std::atomic<int> changes = 0; // counted by the timer on its own thread
 };

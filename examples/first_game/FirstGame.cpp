@@ -8,8 +8,8 @@ constexpr double walkSpeed = 150.0; // window pixels / s
 constexpr double jumpSpeed = 420.0; // window pixels / s
 constexpr double gravity = 1000.0;  // window pixels / s^2
 constexpr double halfWidth = 18.0;  // window pixels from the middle of the sprite to its side
-constexpr double kneeHeight = 20.0; // window pixels; what is lower than this is stepped on
-constexpr int into = -1;            // asks Raycast for the places where the ray goes into the ground
+constexpr double kneeHeight = 20.0; // window pixels; the traveller steps onto anything lower
+constexpr int into = -1;            // asks Raycast for crossings that go into the ground only
 } // namespace
 
 void FirstGame::GameInitialize(HINSTANCE instance) {
@@ -75,10 +75,10 @@ void FirstGame::GamePaint(RECT) {
     GameEngine* const enginePtr = GameEngine::GetSingleton();
     enginePtr->FillWindowRect(168, 216, 240);
     enginePtr->SetColor(COLOR(104, 168, 88, 255));
-    enginePtr->SetWorldMatrix(MATRIX3X2::CreateIdentityMatrix()); // the last frame left its own
+    enginePtr->SetWorldMatrix(MATRIX3X2::CreateIdentityMatrix()); // the previous frame left its own
     enginePtr->FillHitRegion(&ground);
 
-    // Put the feet on the origin, mirror and enlarge there, then go to the place in the window.
+    // Put the feet on the origin, mirror and enlarge there, then move to the place in the window.
     const int cell = standing ? static_cast<int>(feet.x / 12) % 4 + 1 : 6;
     enginePtr->SetWorldMatrix(MATRIX3X2::CreateTranslationMatrix(-8, -32) *
                               MATRIX3X2::CreateScalingMatrix(3.0 * facing, 3.0) *

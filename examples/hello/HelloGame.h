@@ -5,7 +5,7 @@
 
 #include <memory>
 
-/// The smallest whole program: a window, a sun that breathes, a greeting. Escape ends it.
+/// The smallest complete program: a window, a pulsing sun, a greeting. Escape quits.
 class HelloGame : public AbstractGame {
 public:
     void GameInitialize(HINSTANCE instance) override;

@@ -23,7 +23,7 @@ void HitRegionsGame::GamePaint(RECT) {
     const POINT mouse = Engine().GetMousePosition();
     const DOUBLE2 aim = DOUBLE2(mouse.x, mouse.y) - lamp;
     Engine().FillWindowRect(32, 36, 56);
-    Engine().SetWorldMatrix(MATRIX3X2::CreateIdentityMatrix());         // the last frame left its own
+    Engine().SetWorldMatrix(MATRIX3X2::CreateIdentityMatrix());         // the previous frame left its own
     Engine().SetColor(rock.HitTest(lamp + aim) ? hitColor : rockColor); // the mouse is on the rock
     Engine().FillHitRegion(&rock);
     for (int i = -2; i <= 2; ++i) PaintRay(MATRIX3X2::CreateRotationMatrix(0.06 * i).TransformVector(aim));
@@ -43,7 +43,7 @@ void HitRegionsGame::PaintRay(DOUBLE2 vector) {
 }
 
 void HitRegionsGame::PaintCombinations() {
-    // new regions, which are ours
+    // new regions, owned by the caller
     const std::unique_ptr<HitRegion> results[] = {
         std::unique_ptr<HitRegion>(rock.Unite(&ball)), std::unique_ptr<HitRegion>(rock.Exclude(&ball)),
         std::unique_ptr<HitRegion>(rock.Intersect(&ball)), std::unique_ptr<HitRegion>(rock.Xor(&ball))};

@@ -3,8 +3,8 @@
 #include "engine/HitRegion.h"
 #include "examples/support/GalleryGame.h"
 
-/// A rock whose outline comes from a file, rays that follow the mouse and where they cross the outline, and below it
-/// the rock combined with a ball that goes round: united, without the ball, common part, either but not both.
+/// A rock whose outline comes from a file, and rays towards the mouse with their crossings. Below it, the rock combined
+/// with a circling ball: united, without the ball, their common part, and the parts that are not common.
 class HitRegionsGame : public GalleryGame {
 public:
     HitRegionsGame() : GalleryGame(L"Hit regions") {}

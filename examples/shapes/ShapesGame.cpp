@@ -1,6 +1,6 @@
 #include "examples/shapes/ShapesGame.h"
 
-/// What stands in a cell. It may use x from 16 to 112 and y from 8 to 72.
+/// Draws one cell. It may use x from 16 to 112 and y from 8 to 72.
 struct ShapesGame::Sample {
     const wchar_t* name;
     void (*Paint)(ShapesGame& game, GameEngine& engine, const MATRIX3X2& matCell);
@@ -66,7 +66,7 @@ const ShapesGame::Sample ShapesGame::samples[] = {
      }},
     {L"SetWorldMatrix",
      [](ShapesGame&, GameEngine& engine, const MATRIX3X2& matCell) {
-         for (int i = 0; i < 6; ++i) { // turn around the own centre, then go to the middle of the cell
+         for (int i = 0; i < 6; ++i) { // turn around its centre, then move to the middle of the cell
              engine.SetWorldMatrix(MATRIX3X2::CreateRotationMatrix(i * 0.2618) *
                                    MATRIX3X2::CreateTranslationMatrix(64, 40) * matCell);
              engine.DrawRect(-22, -22, 22, 22);

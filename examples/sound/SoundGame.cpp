@@ -33,14 +33,14 @@ void SoundGame::KeyPressed(TCHAR key) {
         Ring();
     }
     if (key == 'P' && bellPtr->IsPaused()) {
-        bellPtr->Play(0, -1); // goes on where it is
+        bellPtr->Play(0, -1); // resumes
     } else if (key == 'P') {
         bellPtr->Pause();
     }
 }
 
 void SoundGame::GameTick(double deltaTime) {
-    bellPtr->Tick(); // sends what was ordered; every sound needs this once a frame
+    bellPtr->Tick(); // sends the next command; every sound needs this once per frame
     if (bellPtr->IsPlaying() && !bellPtr->IsPaused()) played += deltaTime;
 }
 
@@ -56,6 +56,6 @@ void SoundGame::GamePaint(RECT) {
     for (int i = 0; i < endsWanted; ++i) {
         const DOUBLE2 centre(96.0 + 80.0 * i, 300);
         Engine().DrawEllipse(centre, 24, 24, 2);
-        if (i < ends) Engine().FillEllipse(centre, 16, 16); // the listener was told this often
+        if (i < ends) Engine().FillEllipse(centre, 16, 16); // how often the listener was called
     }
 }

@@ -6,7 +6,8 @@
 
 #include <memory>
 
-/// A bell that rings until its listener has heard it end five times. Space rings again, P pauses and goes on.
+/// A bell that rings until its listener has been told five times that it ended. Space rings again, P pauses and
+/// resumes.
 class SoundGame : public GalleryGame, public Callable {
 public:
     SoundGame() : GalleryGame(L"Sound") {}

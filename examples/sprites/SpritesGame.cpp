@@ -39,7 +39,7 @@ void SpritesGame::PaintSheet(int cell) {
 }
 
 void SpritesGame::PaintWalker(int cell) {
-    // put the cell's feet on the origin, mirror and enlarge it there, then take it to its place
+    // put the cell's feet on the origin, mirror and enlarge it there, then move it to its place
     Engine().SetWorldMatrix(MATRIX3X2::CreateTranslationMatrix(-cellWidth / 2, -cellHeight) *
                             MATRIX3X2::CreateScalingMatrix(5.0 * direction, 5.0) *
                             MATRIX3X2::CreateTranslationMatrix(x, groundY));

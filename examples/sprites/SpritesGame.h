@@ -5,7 +5,7 @@
 
 #include <memory>
 
-/// A sprite sheet: cells of one picture shown in turn, enlarged without blur, mirrored for the way back.
+/// A sprite sheet: cells of one picture shown in turn, enlarged without blur, and mirrored on the way back.
 class SpritesGame : public GalleryGame {
 public:
     SpritesGame() : GalleryGame(L"Sprites") {}

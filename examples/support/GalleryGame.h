@@ -3,7 +3,7 @@
 #include "engine/GameEngine.h"
 #include "platform/WindowedDesktop.h"
 
-/// What the examples share: a window 512 x 480 with a title, the loop running, smooth edges, Escape ends.
+/// The common part of the examples: a window of 512 x 480 with a title, a running loop, smooth edges; Escape quits.
 class GalleryGame : public AbstractGame {
 public:
     explicit GalleryGame(String const& windowTitle) : title(windowTitle) {}
@@ -12,14 +12,14 @@ public:
 
 protected:
     static GameEngine& Engine() { return *GameEngine::GetSingleton(); }
-    /// Escape, and the keys an example wants to hear of besides.
+    /// The keys whose release is reported: Escape and those in `more`.
     static void WatchKeys(String const& more);
 
 private:
     String title;
 };
 
-/// Runs a Game in a window; the exit code of the program. The desktop comes first, since a game may hold shapes.
+/// Runs a Game in a window and returns the exit code. The desktop comes first, since a game may hold shapes.
 template <class Game>
 int RunInWindow() {
     platform::Desktop::Use(platform::MakeWindowedDesktop());

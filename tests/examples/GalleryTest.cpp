@@ -88,7 +88,7 @@ TEST(Gallery, SoundRestsAfterFiveEndsUntilSpace) {
 }
 
 TEST(Gallery, ControlsAreFilledInWithMouseAndKeys) {
-    const Picture shown = Played<ControlsGame>(36, [](Stage& stage) {
+    const Picture shown = Played<ControlsGame>(41, [](Stage& stage) {
         stage->Mouse(1, WM_LBUTTONDOWN, {240, 50});
         stage->Mouse(2, WM_LBUTTONUP, {240, 50});
         stage->Press(3, VK_CONTROL);

@@ -1,5 +1,5 @@
-# Installs the engine from BUILD into a fresh place below it, then configures, builds and runs the program beside this
-# file against what was installed, from outside the source folder, and builds the game of the guide the same way.
+# Installs the engine from BUILD into a new folder below it. Then, with only the installed files, configures, builds and
+# runs the program beside this file and builds the game of the guide.
 set(place ${BUILD}/install-test)
 file(REMOVE_RECURSE ${place})
 
@@ -18,7 +18,7 @@ run(${CMAKE_COMMAND} -S ${place}/source -B ${place}/build -DCMAKE_PREFIX_PATH=${
 run(${CMAKE_COMMAND} --build ${place}/build)
 run(${place}/build/ten_lines)
 
-# Nothing of this source folder may have been named in the package.
+# The package must not name the source folder.
 file(GLOB_RECURSE package_files ${place}/installed/*.cmake)
 foreach(file ${package_files})
     file(READ ${file} text)

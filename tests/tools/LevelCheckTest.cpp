@@ -35,7 +35,7 @@ TEST(LevelCheck, FindsNothingWrongWithTheLevelThatIsPlayed) {
 
 TEST(LevelCheck, NamesEveryFaultWithItsPlaceAndShowsIt) {
     const Level level;
-    // the hanging slab of the underground room goes: the coin furthest from the shelf is out of reach
+    // without the hanging slab of the underground room one coin is out of reach
     level.Replace(level.outline, "M 180 352 L 208 352 L 208 364 L 180 364 Z", "");
     // a platform traced the other way round, one a pixel too low, and a bow tie in the air
     level.Replace(level.outline, "M 668 140 L 716 140 L 716 156 L 668 156", "M 668 140 L 668 156 L 716 156 L 716 140");
@@ -62,7 +62,7 @@ TEST(LevelCheck, NamesEveryFaultWithItsPlaceAndShowsIt) {
 
 TEST(LevelCheck, PlaysTheLevelWithTheRealHero) {
     const Level level;
-    // the first pit reaches far to the right, and the platform above it is gone
+    // the first pit is much wider, and the platform above it is gone
     level.Replace(level.outline, "M 668 140 L 716 140 L 716 156 L 668 156 Z", "");
     level.Replace(level.outline, "M 630 200 L 752 200", "M 740 200 L 752 200");
     level.Replace(level.outline, "L 1160 448 L 630 448 Z", "L 1160 448 L 740 448 Z");

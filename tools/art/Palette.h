@@ -15,17 +15,16 @@ public:
         : std::runtime_error(file + ":" + std::to_string(line) + ": " + fault) {}
 };
 
-/// The colours that every picture is made of, by name. Colours are opaque 0xAARRGGBB.
+/// All colours that the pictures use, by name, as opaque 0xAARRGGBB.
 class Palette {
 public:
-    /// Reads `path`; throws SourceError. More than 48 colours are an error: the limit is what holds the pictures
-    /// together.
+    /// Reads `path`; throws SourceError. More than 48 colours are an error: few colours make the pictures match.
     explicit Palette(const std::string& path);
 
     bool Has(const std::string& name) const { return colours.contains(name); }
     /// The colour called `name`; throws std::out_of_range.
     std::uint32_t operator[](const std::string& name) const { return colours.at(name); }
-    /// Is this a colour that only solid things have in the level picture?
+    /// Whether only solid ground has this colour in the level picture.
     bool IsSolid(std::uint32_t colour) const { return solid.contains(colour); }
 
 private:

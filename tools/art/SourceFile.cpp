@@ -24,7 +24,7 @@ std::string SourceFile::RawLine() {
     std::string line;
     if (!std::getline(stream, line)) Fail("the file ends inside a grid");
     ++lineNumber;
-    if (line.ends_with('\r')) line.pop_back(); // from an editor that ends lines in two characters
+    if (line.ends_with('\r')) line.pop_back(); // some editors end lines with CR LF
     return line;
 }
 

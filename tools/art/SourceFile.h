@@ -13,14 +13,14 @@ public:
 
     /// Goes to the next line that holds words; false at the end.
     bool NextLine();
-    /// The next line as it stands, comment characters and blanks included; for character grids.
+    /// The next line unchanged, with its comment characters and blanks; for character grids.
     std::string RawLine();
     bool More();
-    /// The next word of the line; `what` says in the fault what is missing.
+    /// The next word of the line. `what` names it in the fault if it is missing.
     std::string Word(const std::string& what);
-    /// A whole number; one far outside of any picture is a fault.
+    /// A whole number. A number far outside of any picture is a fault.
     int Number(const std::string& what);
-    /// A number of pixels that something is wide, high or apart: at least 1.
+    /// A width, height or distance in pixels: at least 1.
     int Size(const std::string& what);
     [[noreturn]] void Fail(const std::string& fault) const;
 

@@ -11,7 +11,7 @@ namespace pictures {
 
 namespace {
 
-/// One line of a data file: a label filled up to fifteen characters, then the value.
+/// One line of a data file: a label padded to fifteen characters, then the value.
 void WriteField(std::ostream& stream, const std::string& label, int value) {
     stream << std::left << std::setw(15) << label + ":" << value << '\n';
 }

@@ -11,7 +11,7 @@ using platform::Picture;
 
 namespace {
 
-/// True for that share (0 to 1) of the pixels of a row, in dashes like thin streaks of cloud.
+/// True for this share (0 to 1) of the pixels of a row, in dashes like thin streaks of cloud.
 bool Streak(int x, int y, double share) {
     const double dash = 0.62 * Wave(x + 31.0 * y, 17.0, 301 + y / 2) + 0.38 * Wave(x, 5.0, 302 + y);
     return dash < 0.5 + (share - 0.5) * 1.1;
@@ -38,7 +38,7 @@ double CrestAt(const Ridge& ridge, double x) {
 double EdgeAt(const Ridge& ridge, double x) {
     const double large = Wave(x, ridge.period, ridge.seed);
     const double small = Wave(x, ridge.period * 0.37, ridge.seed + 1);
-    // a ridge that ends in the level sinks away there
+    // a ridge slopes down at its ends
     const double toEnd = std::min(ridge.from == 0 ? 1000.0 : x - ridge.from, ridge.to - x);
     const double sunk = std::max(0.0, 1.0 - toEnd / 110.0);
     const double low = 2.0 * sunk * sunk;
@@ -46,7 +46,7 @@ double EdgeAt(const Ridge& ridge, double x) {
     return low + 0.88 * CrestAt(ridge, x) + 0.12 * Wave(x, 7.0, ridge.seed + 2);
 }
 
-/// Small round trees scattered over far hills, and their shadows. False where there is none.
+/// Small round trees and their shadows, scattered over far hills. False outside of them.
 bool PaintHedge(Picture& picture, const Ridge& ridge, int x, int y) {
     constexpr int cellWidth = 19;
     constexpr int cellHeight = 11;
@@ -108,7 +108,7 @@ void PaintCrown(Picture& picture, const Ridge& ridge, double middle, double top,
     }
 }
 
-/// Trees in rows, those further down in front; in a row every other one stands before its neighbours.
+/// Trees in rows; lower rows are in front, and in a row every other tree is in front of its neighbours.
 void PaintWoods(Picture& picture, const Ridge& ridge) {
     constexpr int step = 13;
     for (int row = 0; row < 4; ++row) {

@@ -17,11 +17,10 @@ struct Mood {
     std::vector<Band> bands;
 };
 
-/// Fills rows above `bottom` with the moods, which must be sorted; one melts into the next over some 240 pixels.
+/// Fills the rows above `bottom` with the moods, which must be sorted. Neighbours blend over about 240 pixels.
 void PaintSky(platform::Picture& picture, const std::vector<Mood>& moods, int bottom);
 
-/// Land that ends in the distance. Its upper edge swings by `swing` pixels below row `top`, its body reaches row
-/// `bottom`.
+/// Distant land. Its upper edge varies within `swing` pixels below row `top`, its body reaches row `bottom`.
 struct Ridge {
     enum class Shape { hills, peaks, woods };
     Shape shape;

@@ -6,7 +6,7 @@
 
 namespace pictures {
 
-/// A number from 0 to 1 that is always the same for the same place and seed, and unrelated between neighbours.
+/// A random number from 0 to 1 for a place; the same place and seed always give the same one.
 double Chance(int x, int y, int seed);
 
 /// Smooth random waves between 0 and 1 along a line, `period` pixels from one to the next.
@@ -15,7 +15,7 @@ double Wave(double x, double period, int seed);
 /// Smooth random hills between 0 and 1 over the plane.
 double Wave2(double x, double y, double period, int seed);
 
-/// The 4 x 4 ordered pattern: true for that share (0 to 1) of the pixels.
+/// The 4 x 4 ordered pattern: true for this share (0 to 1) of the pixels.
 bool Dither(int x, int y, double share);
 
 /// Sets a pixel if it lies inside the picture.

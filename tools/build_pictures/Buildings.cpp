@@ -62,7 +62,7 @@ void PaintBanner(Picture& picture, const Palette& palette, int x, int y, int len
         }
     }
     Box(picture, x - 1, y - 1, x + 10, y, palette["gold0"]);
-    // the feather of the land
+    // the feather of the coat of arms
     for (int i = 0; i < 7; ++i)
         Box(picture, x + 6 - i / 2 - (i > 4), y + 3 + i, x + 7 - i / 2 + (i < 4), y + 4 + i, palette["sky4"]);
 }
@@ -196,7 +196,7 @@ void PaintFort(Picture& picture, const Palette& palette, int left, int footY) {
     }
     Box(picture, left + 29, wallTop + 4, left + 192, wallTop + 6, palette["mist0"]);
 
-    // the gate stands open; its dark is where the hero goes
+    // the gate is open; the hero walks into its dark
     constexpr int half = 16;
     const int archY = footY - 26;
     for (int y = footY - 50; y < footY; ++y) {

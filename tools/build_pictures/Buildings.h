@@ -12,12 +12,12 @@ void PaintColumn(platform::Picture& picture, const Palette& palette, int x, int 
 void PaintWall(platform::Picture& picture, const Palette& palette, int left, int footY, int width, int height,
                int opening, int seed);
 
-/// A round tower with a pointed roof; also used small, far away.
+/// A round tower with a pointed roof; small ones stand far away.
 void PaintTower(platform::Picture& picture, const Palette& palette, int left, int footY, int width, int height,
                 int roof, int seed);
 
-/// The fort at the end, from column `left` of the picture, on the ground at `footY`. The gate's middle is 72 columns
-/// in.
+/// The fort at the end, from column `left` of the picture, on the ground at `footY`. The middle of its gate is at
+/// column `left` + 72.
 void PaintFort(platform::Picture& picture, const Palette& palette, int left, int footY);
 
 } // namespace pictures

@@ -16,7 +16,7 @@ namespace {
 
 bool IsSeenThrough(std::uint32_t pixel) { return pixel >> 24 == 0 || pixel == 0xffff00ffU || pixel == 0xff000001U; }
 
-/// Puts `from` with its corner at (`x`, `y`), each of its pixels `scale` wide.
+/// Draws `from` with its corner at (`x`, `y`), enlarged `scale` times.
 void Stamp(Picture& onto, const Picture& from, int x, int y, int scale) {
     for (int row = 0; row < from.height; ++row) {
         for (int column = 0; column < from.width; ++column) {
@@ -57,7 +57,7 @@ Picture ShowSheets(const std::map<std::string, Picture>& sheets, std::uint32_t g
     constexpr int scale = 4;
     constexpr int gap = 16;
     constexpr int width = 1600;
-    // the tallest first, so that rows waste little
+    // the tallest first, so that rows waste little space
     std::vector<const Picture*> order;
     for (const auto& [name, sheet] : sheets) order.push_back(&sheet);
     std::stable_sort(order.begin(), order.end(),
@@ -67,7 +67,7 @@ Picture ShowSheets(const std::map<std::string, Picture>& sheets, std::uint32_t g
         int x;
         int y;
     };
-    // the tallest sheet stands alone at the left; rows of the others fill the space beside it
+    // the tallest sheet is at the left; the others fill rows beside it
     std::vector<Place> places = {{gap, gap}};
     const int rowLeft = gap + order.front()->width * scale + gap;
     int x = rowLeft;

@@ -19,7 +19,7 @@ constexpr int leafDark = 5;
 constexpr int leafMid = 6;
 constexpr int leafLight = 7;
 constexpr int leafGlow = 8;
-constexpr int far = 28; // an edge further away than this does not matter
+constexpr int far = 28; // edges further away than this have no effect
 
 int Round(double value) { return static_cast<int>(std::floor(value + 0.5)); }
 
@@ -70,7 +70,7 @@ void Ground::Paint(platform::Picture& picture) const {
     }
 }
 
-/// Pixels from the top of the ground down to here. What stands on the ground counts as air.
+/// Pixels from the top of the ground down to here. Objects on the ground count as air.
 int Ground::DepthBelowTop(int x, int y) const {
     int depth = terrain.DepthFrom(x, y, 0, -1, 96);
     for (const Region& region : regions) {
@@ -111,7 +111,7 @@ Ground::Tone Ground::Pebble(int x, int y, int cellWidth, int cellHeight, double 
 /// The grass that hangs over the edge of earth; `none` where it ends.
 Ground::Tone Ground::Turf(const Spot& spot) {
     const int x = spot.x;
-    // blades in groups: long and short ones alternate, and at an edge the grass falls over it
+    // long and short blades alternate in groups; at an edge the grass hangs over it
     const int blade = static_cast<int>(3.0 * Chance(x, 0, 11)) - (Chance(x / 3, 0, 12) < 0.35 ? 2 : 0);
     const int overEdge = std::max(0, 4 - std::min(spot.left, spot.right)) * 2;
     const int length = 5 + Round(2.5 * Wave(x, 9.0, 13)) + blade + overEdge;
@@ -144,7 +144,7 @@ Ground::Tone Ground::Earth(const Spot& spot) {
     return Chance(x / 5, y / 2, 26) < 0.10 ? 3 : 2;
 }
 
-/// Hewn stones in courses; no two courses and no two stones are alike.
+/// Hewn stones in courses of different heights, each stone of a different length.
 Ground::Tone Ground::Masonry(const Spot& spot, int courseHeight, int blockWidth, int seed) {
     const int x = spot.x;
     const int y = spot.y;

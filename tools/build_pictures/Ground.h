@@ -10,8 +10,8 @@ namespace pictures {
 class Palette;
 class Terrain;
 
-/// Paints everything solid, each region in its material: tops lit or overgrown, edges outlined, insides with few large
-/// details.
+/// Paints all solid ground, each region in its material: lit or overgrown tops, outlined edges, few large details
+/// inside.
 class Ground {
 public:
     Ground(const Palette& usedPalette, const Terrain& usedTerrain) : palette(usedPalette), terrain(usedTerrain) {}
@@ -43,7 +43,7 @@ private:
     using Tone = int;
 
     int DepthBelowTop(int x, int y) const;
-    /// Earth everywhere where nothing else was set.
+    /// The material of a pixel; earth outside of all regions.
     Region RegionAt(int x, int y) const;
     static Tone Earth(const Spot& spot);
     static Tone Turf(const Spot& spot);

@@ -186,7 +186,7 @@ void LevelPainter::ReadGrass(SourceFile& file) {
     const std::uint32_t dark = ReadColour(file);
     const std::uint32_t light = ReadColour(file);
     for (int x = from; x < to; x += 3) {
-        // tufts keep together: a patch here, a gap there
+        // tufts grow in patches with gaps between them
         if (100.0 * Chance(x, 0, 81) > share * 2.0 * Wave(x, 37.0, 82)) continue;
         PaintTuft(level, x, terrain.GroundAt(x), height + static_cast<int>(3.0 * Chance(x, 1, 81)) - 1, dark, light, x);
     }
@@ -208,7 +208,7 @@ void LevelPainter::ReadCave(SourceFile& file) {
     if (left < 0 || top < 0 || right > levelWidth || bottom > levelHeight) file.Fail("the cave leaves the level");
     for (int y = top; y < bottom; ++y) {
         for (int x = left; x < right; ++x) {
-            // large stones, hardly told from the dark between them; a glow from the middle of the room
+            // large stones, hardly lighter than the joints between them; a glow from the middle of the room
             const int row = y / 14;
             const int shifted = x + (row & 1) * 13 + static_cast<int>(9.0 * Chance(row, 0, 91));
             const bool joint = y % 14 == 0 || shifted % 26 == 0;
@@ -249,7 +249,7 @@ void LevelPainter::ReadFort(SourceFile& file) {
     }
 }
 
-/// Pits grow dark towards their bottom, so that nobody takes them for a way.
+/// Pits get darker towards their bottom, so that they do not look like a way down.
 void LevelPainter::PaintPits() {
     for (int x = 0; x < levelWidth; ++x) {
         if (terrain.IsSolid(x, levelHeight - 1)) continue;

@@ -17,7 +17,7 @@ class Terrain;
 
 /// Paints the level: backdrop and buildings in the order of the scene file, then everything solid on top.
 ///
-/// Lines of the scene file; Y may be left out, then the thing stands on the ground in its column:
+/// Lines of the scene file. Without Y the object stands on the ground in its column:
 ///
 ///     mood FROM COLOUR BOTTOM ...                        the sky from column FROM on; these lines come first
 ///     tones NAME OUTLINE DARK MID LIGHT GLOW             colours for plants and clouds
@@ -41,7 +41,7 @@ public:
     void Read(const std::string& path);
 
     const platform::Picture& Level() const { return level; }
-    /// The part of the fort behind which the hero disappears.
+    /// The part of the fort that hides the hero.
     const platform::Picture& CastleFront() const { return castleFront; }
 
 private:

@@ -56,7 +56,7 @@ void PaintFoliage(Picture& picture, double centreX, double centreY, double radiu
                 Dot(picture, x, y, tones.outline);
                 continue;
             }
-            // a cushion throws a little shadow on the one behind it
+            // a cushion casts a small shadow on the one behind it
             const Cushion* belowPtr = FrontAt(cushions, x + 1, y + 2, seed);
             if (belowPtr > front && Chance(x, y, seed + 2) < 0.8) {
                 Dot(picture, x, y, tones.dark);

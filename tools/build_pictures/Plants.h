@@ -6,7 +6,7 @@
 
 namespace pictures {
 
-/// The colours of something with volume, from its outline to its lights.
+/// The tones of a plant or cloud, from its outline to its highlights.
 struct Tones {
     std::uint32_t outline;
     std::uint32_t dark;

@@ -71,7 +71,7 @@ void SpriteSource::ReadPart(SourceFile& file) {
         grid.rows.push_back(row);
     }
     parts[name] = grid;
-    frames[name] = {{grid, 0, 0}}; // a part is a frame of its own, too
+    frames[name] = {{grid, 0, 0}}; // a part can also be used as a frame
 }
 
 void SpriteSource::ReadFrame(SourceFile& file) {
@@ -85,7 +85,7 @@ void SpriteSource::ReadFrame(SourceFile& file) {
         if (at != std::string::npos && std::sscanf(word.c_str() + at, "@%d,%d", &x, &y) != 2) {
             file.Fail("a part is placed as NAME@dx,dy");
         }
-        // an earlier frame may stand for a part, so that a bob moves a whole figure
+        // an earlier frame may be used as a part, so that a whole figure can be moved
         const auto frame = frames.find(word.substr(0, at));
         if (frame == frames.end()) file.Fail("no such part: " + word);
         for (const Placed& part : frame->second) placed.push_back({part.grid, part.x + x, part.y + y});
@@ -144,8 +144,8 @@ void SpriteSource::ReadRim(SourceFile& file) {
 
 std::uint32_t SpriteSource::Colour(SourceFile& file, const std::string& name) const {
     if (name == "clear") return 0;
-    if (name == "magenta") return 0xffff00ff;   // what the game takes out of the sheets without alpha
-    if (name == "nearblack") return 0xff000001; // what the game takes out of the font
+    if (name == "magenta") return 0xffff00ff;   // the transparent colour of the sheets without alpha
+    if (name == "nearblack") return 0xff000001; // the transparent colour of the font
     if (!palette.Has(name)) file.Fail("no such colour: " + name);
     return palette[name];
 }

@@ -11,8 +11,7 @@ namespace pictures {
 
 class SourceFile;
 
-/// A drawing in characters. What a character means is asked when it is painted, so that one drawing can have many
-/// colours.
+/// A drawing in characters. Colours are looked up when it is painted, so one drawing can have several colourings.
 struct Grid {
     int width = 0;
     std::vector<std::string> rows;

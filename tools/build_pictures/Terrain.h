@@ -10,21 +10,20 @@ constexpr int levelWidth = 3392;
 constexpr int levelHeight = 448;
 constexpr int overworldBottom = 224; // the underground room lies below
 
-/// What is solid in the level, read from a drawing whose first path has only straight edges.
+/// The solid pixels of the level, read from a drawing whose first path has only straight edges.
 class Terrain {
 public:
     /// Reads the outline of `path`; throws SourceError.
     explicit Terrain(const std::string& path);
 
-    /// Is the pixel in column `x`, row `y` solid? Beyond the level's edges the nearest pixel answers.
+    /// Whether the pixel in column `x`, row `y` is solid. Outside of the level the nearest pixel counts.
     bool IsSolid(int x, int y) const;
-    /// The row of the ground under the open sky in column `x`, beneath floating platforms; the overworld's bottom in a
-    /// pit.
+    /// The row of the ground in column `x` of the overworld, below floating platforms; its bottom row in a pit.
     int GroundAt(int x) const;
-    /// Pixels from (x, y), which must be solid, to the nearest air straight that way, 1 if it is the next one; at most
-    /// `limit`.
+    /// Pixels from (x, y), which must be solid, to the nearest air in this direction: 1 if the next pixel is air, at
+    /// most `limit`.
     int DepthFrom(int x, int y, int stepX, int stepY, int limit) const;
-    /// Writes the outline alone, as the game reads it. False if the file cannot be written.
+    /// Writes only the outline, in the form that the game reads. False if the file cannot be written.
     bool SaveOutline(const std::string& path) const;
 
 private:

@@ -53,8 +53,8 @@ void Build(const std::filesystem::path& art, const std::filesystem::path& images
 } // namespace
 
 /// build_pictures [--show FOLDER]: makes every picture, the outline and the data files under Resources/ from the
-/// sources in art/. Runs in the root folder. With a FOLDER it also puts there the whole level and all sheets, to look
-/// at.
+/// sources in art/. Run it in the root folder. With a FOLDER it also writes overviews of the level and of all sheets
+/// there.
 int main(int argc, char** argv) {
     const bool shows = argc == 3 && std::string(argv[1]) == "--show";
     if (argc != 1 && !shows) {

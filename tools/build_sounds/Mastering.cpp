@@ -49,7 +49,7 @@ double FindPeak(const Stereo& sound) {
     return peak;
 }
 
-/// Turns the sound down around its peaks so that none exceeds `ceiling`. It looks ahead, so nothing is cut off square.
+/// Turns the sound down around its peaks so that no peak exceeds `ceiling`. It looks ahead, so no peak is clipped.
 void Limit(Stereo& sound, double ceiling) {
     const std::size_t size = sound.left.size();
     const auto window = static_cast<std::size_t>(lookAheadSeconds * samplesPerSecond);
@@ -67,7 +67,7 @@ void Limit(Stereo& sound, double ceiling) {
         while (!lowest.empty() && wanted[lowest.back()] >= wanted[i]) lowest.pop_back();
         lowest.push_back(i);
         if (lowest.front() + window <= i) lowest.pop_front();
-        // down at once, up slowly; the mean over the window then makes the way down a slope that ends in time
+        // down at once, up slowly; the mean over the window turns the step down into a slope that ends in time
         const double target = wanted[lowest.front()];
         gain = target < gain ? target : gain + (target - gain) * recovery;
         recent.push_back(gain);

@@ -11,10 +11,10 @@ namespace {
 
 constexpr double samplePeriod = 1.0 / samplesPerSecond;
 constexpr double glideSeconds = 0.06;
-constexpr std::size_t modulationInterval = 32; // samples between looks at the slow curves: shorter than any ear notices
+constexpr std::size_t modulationInterval = 32; // samples between updates of the slow curves: too short to be heard
 constexpr double gritPerCycle = 8.0;           // new values of the held noise in one cycle of its note
 
-/// Our own generator, so that the noise is the same with every library.
+/// Our own generator: those of the standard library may differ between platforms.
 class Noise {
 public:
     explicit Noise(std::uint32_t seed) : state(seed * 2654435761U | 1U) {}
@@ -30,7 +30,7 @@ private:
     std::uint32_t state;
 };
 
-/// Takes the edge off a step in a wave, one sample to either side, so that it folds less above half the sample rate.
+/// Smooths a step in a wave over one sample on either side, which reduces aliasing.
 double SmoothStep(double phase, double step) {
     if (phase < step) {
         const double t = phase / step;
@@ -54,7 +54,7 @@ public:
         case Wave::pulse: {
             const double fallPhase = phase < width ? phase + 1.0 - width : phase - width;
             value = (phase < width ? 1.0 : -1.0) + SmoothStep(phase, step) - SmoothStep(fallPhase, step);
-            value -= 2.0 * width - 1.0; // a narrow pulse would sit off the middle
+            value -= 2.0 * width - 1.0; // a narrow pulse would have an offset
             break;
         }
         case Wave::saw: value = 2.0 * phase - 1.0 - SmoothStep(phase, step); break;
@@ -121,7 +121,7 @@ private:
     double lowState = 0.0;
 };
 
-/// The level of a note `second` after its attack, held for `held` seconds. Falls fast first, as struck things do.
+/// The level of a held note at `second`. It falls fast at first, like the sound of a struck string.
 double HeldLevel(const Patch& patch, double second) {
     if (second < patch.attack) return second / patch.attack;
     const double decayed = patch.decay > 0.0 ? std::min((second - patch.attack) / patch.decay, 1.0) : 1.0;
@@ -151,7 +151,7 @@ void AddVoice(std::vector<float>& out, const Patch& patch, const Note& note, dou
             double pitch = note.pitch + detune + patch.pitch.At(second);
             const double glide = std::min(second / glideSeconds, 1.0);
             pitch += (note.glideFrom - note.pitch) * (1.0 - glide);
-            // it grows in over as long again as its delay: a singer's vibrato does not switch on
+            // after its delay it grows for as long again, as a singer's vibrato does
             const double wavering = std::clamp((second - patch.vibratoDelay) / (patch.vibratoDelay + 0.01), 0.0, 1.0);
             const double turn = 2.0 * std::numbers::pi * second;
             pitch += patch.vibratoDepth * wavering * std::sin(turn * patch.vibratoRate);
@@ -181,7 +181,7 @@ void AddDelayed(std::vector<float>& to, const std::vector<float>& from, std::siz
     for (std::size_t i = 0; i < count; ++i) to[delay + i] += static_cast<float>(from[i] * gain);
 }
 
-/// Equal power, so that a sound is as loud at the side as in the middle.
+/// Pans with equal power, so that a sound is equally loud at the side and in the middle.
 void AddPanned(Stereo& to, const std::vector<float>& from, std::size_t delay, double gain, double pan) {
     const double angle = (pan + 1.0) * std::numbers::pi / 4.0;
     AddDelayed(to.left, from, delay, gain * std::cos(angle) * std::numbers::sqrt2);

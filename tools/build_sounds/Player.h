@@ -18,7 +18,7 @@ struct Stereo {
 /// One note of `patch`, from its attack to the end of its release, without pan. `seed` picks the noise.
 std::vector<float> PlayNote(const Patch& patch, const Note& note, std::uint32_t seed);
 
-/// All tracks with their echoes in one hall, before any levelling. The same score gives the same samples every time.
+/// All tracks with their echoes in one hall, before mastering. The same score always gives the same samples.
 Stereo PlayScore(const Score& score);
 
 } // namespace synth

@@ -44,10 +44,10 @@ struct Patch {
     double gain = 1.0;
 };
 
-/// One player: what it plays on, and where it stands.
+/// One player: its instruments and its place in the stereo image.
 struct Track {
     std::string name;
-    std::vector<Patch> patches; // all of them sound at every note
+    std::vector<Patch> patches; // every note is played on all of them
     double gain = 1.0;
     double pan = 0.0;      // -1 left to 1 right
     double gate = 0.92;    // share of its written length that a note is held
@@ -58,7 +58,7 @@ struct Track {
     double room = 0.0; // share sent to the hall
 };
 
-/// A note with its place in time settled.
+/// A note with its final place in time.
 struct Note {
     double start = 0.0;      // seconds
     double length = 0.0;     // seconds from attack to release
@@ -74,7 +74,7 @@ struct Score {
     std::vector<Note> notes;
     double length = 0.0;   // seconds, tail included
     double tail = 0.0;     // seconds at the end over which everything fades
-    double hall = 1.2;     // seconds until the hall has died away by 60 dB
+    double hall = 1.2;     // seconds until the hall has faded by 60 dB
     double peak = -3.0;    // dBFS, never exceeded
     double loudness = 0.0; // LUFS; 0 means as loud as `peak` allows without limiting
     double quality = 0.6;  // of the encoder: 0 best, 1 smallest

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Measures every sound as a player's decoder gives it and draws its waveform.
+# Measures every sound as players hear it, decoded from its file, and draws its waveform.
 # usage: tools/build_sounds/measure.sh [SOUND-FOLDER [PICTURE-FOLDER]]; prints the table of docs/sounds.md.
 set -eu
 sounds=${1:-Resources/Sound}
@@ -12,7 +12,7 @@ echo '|---|---|---|---|---|---|---|---|'
 for file in "$sounds"/*.mp3; do
     name=$(basename "$file" .mp3)
     report=$(ffmpeg -hide_banner -nostats -i "$file" -af ebur128=peak=true+sample:framelog=verbose -f null - 2>&1)
-    # the summary repeats the word "Peak:", the sample peak's first
+    # the summary has two lines "Peak:", first the sample peak, then the true peak
     loudness=$(echo "$report" | awk '$1 == "I:" {print $2}')
     range=$(echo "$report" | awk '$1 == "LRA:" {print $2}')
     samplePeak=$(echo "$report" | awk '/Sample peak/ {s = 1} $1 == "Peak:" && s {print $2; exit}')

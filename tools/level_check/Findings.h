@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-/// What is wrong with the level, and where.
+/// The faults of the level, with their places.
 class Findings {
 public:
-    /// `place` is in level pixels; an all-zero one means that the finding has no place.
+    /// `place` is in level pixels; all zero if the finding has no place.
     void Add(const std::string& text, RECT2 place);
 
     bool IsEmpty() const { return findings.empty(); }
-    /// One line for each: the corner of its place, then the text.
+    /// Prints one line for each finding: the corner of its place, then the text.
     void Print() const;
     /// Writes the level's picture with a frame around every place. False if the file cannot be written.
     bool SavePicture(platform::Picture level, const std::string& path) const;

@@ -38,8 +38,8 @@ public:
     HRESULT Close() override { return 0; }
 
     std::vector<Outline::Figure> figures;
-    std::vector<DOUBLE2> curves; ///< where one begins
-    std::vector<DOUBLE2> open;   ///< where an open figure begins
+    std::vector<DOUBLE2> curves; ///< where each curve begins
+    std::vector<DOUBLE2> open;   ///< where each open figure begins
 
 private:
     static DOUBLE2 ToPoint(D2D1_POINT_2F point) { return DOUBLE2(point.x, point.y); }
@@ -74,10 +74,10 @@ struct Edge {
     std::size_t index;
 };
 
-/// On which side of the edge the point lies; 0 on its line.
+/// The sign tells on which side of the edge the point lies; 0 on its line.
 double Side(const Edge& edge, DOUBLE2 point) { return Cross(edge.to - edge.from, point - edge.from); }
 
-/// Do the two share more than a corner that both have in common?
+/// Whether the edges share more than a common corner.
 bool Meet(const Edge& a, const Edge& b) {
     const double a1 = Side(b, a.from);
     const double a2 = Side(b, a.to);
@@ -130,7 +130,7 @@ Outline::Outline(const std::string& path, Findings& findings) {
     }
 }
 
-/// The loader takes the first path and the first transform; everything else in the file is for the eye only.
+/// The loader takes the first path and the first transform and ignores the rest of the file.
 void Outline::CheckText(const std::string& text, Findings& findings) const {
     const auto warn = [&](const std::string& what) { findings.Add("the outline's file has " + what, {}); };
     for (const char* shape :

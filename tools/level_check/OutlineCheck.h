@@ -12,15 +12,14 @@ class Outline {
 public:
     using Figure = std::vector<DOUBLE2>;
 
-    /// Reads `path` with the game's own loader, and reports what in the file the loader takes no notice of, and edges
-    /// that are not straight.
+    /// Reads `path` with the game's own loader. Reports parts of the file that the loader ignores, and curved edges.
     Outline(const std::string& path, Findings& findings);
 
     /// Reports figures that cross themselves or each other, and figures traced the wrong way: clockwise on screen
     /// around solid, the other way around a hole in it.
     void CheckShape(Findings& findings) const;
 
-    /// Whether the middle of each pixel is solid, row by row.
+    /// For each pixel, row by row: whether its middle is solid.
     std::vector<std::uint8_t> Fill(int width, int height) const;
 
 private:

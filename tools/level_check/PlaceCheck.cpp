@@ -23,7 +23,7 @@ bool TouchesSolid(const SolidMap& map, RECT2 box) {
 
 void CheckPicture(const SolidMap& map, const platform::Picture& picture, const pictures::Palette& palette,
                   Findings& findings) {
-    constexpr int cell = 32; // findings are gathered in squares, so that a wrong edge is not a thousand lines
+    constexpr int cell = 32; // findings are joined in squares, so that one wrong edge does not print a thousand lines
     for (int top = 0; top < picture.height; top += cell) {
         for (int left = 0; left < picture.width; left += cell) {
             RECT2 bounds;

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-/// What is solid in the level, pixel by pixel.
+/// Which pixels of the level are solid.
 struct SolidMap {
     int width = 0;
     int height = 0;
@@ -23,6 +23,6 @@ struct SolidMap {
 void CheckPicture(const SolidMap& map, const platform::Picture& picture, const pictures::Palette& palette,
                   Findings& findings);
 
-/// Reports blocks, coins and enemies of the running game that stand in solid ground, and enemies that do not stand on
-/// it; enemies close to where the hero starts, starts again or comes out of a pipe; and a missing shell in its slot.
+/// Reports blocks, coins and enemies of the running game that are inside solid ground; enemies that do not stand on
+/// it, or that are close to a place where the hero appears; and an enemy without a shell in the slot of the shell.
 void CheckPlaces(const SolidMap& map, Findings& findings);

@@ -61,7 +61,7 @@ void PlayCheck::Run(Findings& findings) {
     ReportPits(findings);
 }
 
-/// The hero plays alone: enemies that fall out of the level are gone.
+/// The hero plays alone: enemies that fall out of the level are removed.
 void PlayCheck::Prepare() {
     EnemyList& enemies = *EnemyList::GetSingleton();
     for (int i = 0; i < EnemyList::slotCount; ++i) enemies.Move(i, DOUBLE2(0.0, 1000.0));
@@ -74,7 +74,7 @@ void PlayCheck::Prepare() {
 void PlayCheck::PlaceHero(DOUBLE2 position) {
     Pelko& hero = *Pelko::GetSingleton();
     PressKeys(0, false);
-    hero.ResetToStart(); // ends moves that he makes by himself
+    hero.ResetToStart(); // ends scripted moves
     hero.SetAlive(true);
     hero.SetState(heroStanding);
     hero.SetFormState(heroSmall);
@@ -94,8 +94,7 @@ void PlayCheck::Tick() {
     BlockList::GetSingleton()->Tick(frame);
 }
 
-/// Notes what the contacts of this tick have done, and takes away what came out of a block before it changes the
-/// hero.
+/// Notes the effects of this tick's contacts, and removes power-ups from blocks before they change the hero.
 void PlayCheck::LookAround() {
     for (std::size_t i = 0; i < bumped.size(); ++i) {
         if (BlockList::GetSingleton()->GetPosition(static_cast<int>(i)).y < blockRestY[i]) bumped[i] = true;
@@ -135,7 +134,7 @@ void PlayCheck::Explore(DOUBLE2 start) {
     }
 }
 
-/// Plays one try from a standstill; where it ends standing is a new place to play from.
+/// Plays one try from a standstill. If the hero ends it standing, that is a new place to play from.
 void PlayCheck::Try(DOUBLE2 start, const Moves& moves) {
     PlaceHero(start);
     const Pelko& hero = *Pelko::GetSingleton();
@@ -182,13 +181,13 @@ std::vector<PlayCheck::Pit> PlayCheck::FindPits() const {
     return pits;
 }
 
-/// Runs up from as far as the ground before the pit is level, and jumps at its edge.
+/// Runs over the level ground before the pit and jumps at its edge.
 bool PlayCheck::CanCross(const Pit& pit) {
     const int ground = GroundAt(pit.left - 1);
     int runUp = 8;
     while (runUp < 60 && GroundAt(pit.left - runUp - 9) == ground) ++runUp;
     const Pelko& hero = *Pelko::GetSingleton();
-    for (double jumpX = pit.left - 8.0; jumpX <= pit.left + 5.0; jumpX += 1.0) {
+    for (int jumpX = pit.left - 8; jumpX <= pit.left + 5; ++jumpX) {
         PlaceHero(DOUBLE2(pit.left - runUp, ground - smallHeight));
         for (int tick = 0; tick < longestTry; ++tick) {
             PressKeys(+1, hero.GetPosition().x >= jumpX);

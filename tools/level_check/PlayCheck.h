@@ -9,14 +9,14 @@
 #include <utility>
 #include <vector>
 
-/// Plays the level with the game's own small hero, without enemies, from every place that he can reach: whatever he
-/// never gets to is a finding. The game must be running on `desktop`, whose keys this presses.
+/// Plays the level with the game's own small hero, without enemies, from every place that he can reach, and reports
+/// what he never reaches. The game must be running on `desktop`, whose keys this presses.
 class PlayCheck {
 public:
     PlayCheck(platform::ScriptedDesktop& usedDesktop, const SolidMap& usedMap) : desktop(usedDesktop), map(usedMap) {}
 
     /// Reports pits that cannot be crossed or are wider than they should be, blocks that no jump bumps, coins that
-    /// cannot be collected, and ways that end: to the flag, into the pipe, and out of the room below.
+    /// cannot be collected, and a flag or a pipe that cannot be reached.
     void Run(Findings& findings);
 
 private:
@@ -24,7 +24,7 @@ private:
     struct Moves {
         int direction;  ///< -1 left, +1 right
         int startTick;  ///< the direction key goes down
-        int jumpTick;   ///< the jump key is down from here for a moment; negative: never
+        int jumpTick;   ///< the jump key is pressed for a moment; negative: never
         int turnTick;   ///< the direction key comes up
         bool turnsBack; ///< and the opposite key goes down instead
     };

@@ -1,7 +1,8 @@
-// Checks the level as the game reads it, for designers and for a test.
+// Checks the level as the game reads it; for level designers, and run by a test.
 
 #include "game/ChosenLevel.h"
 #include "platform/Picture.h"
+#include "platform/Unicode.h"
 #include "tools/art/Palette.h"
 #include "tools/demo/DemoRun.h"
 #include "tools/level_check/Findings.h"
@@ -19,12 +20,6 @@ namespace {
 constexpr int cleanExitCode = 0;
 constexpr int findingsExitCode = 1;
 constexpr int usageExitCode = 2;
-
-std::string ToUtf8(const std::wstring& text) {
-    std::string narrow;
-    for (const wchar_t character : text) narrow += character < 128 ? static_cast<char>(character) : '?';
-    return narrow;
-}
 
 int Check(const std::string& picturePath) {
     const auto level = platform::LoadPicture(chosenLevel.background);
@@ -46,7 +41,7 @@ int Check(const std::string& picturePath) {
         CheckPlaces(map, findings);
         PlayCheck(desktop, map).Run(findings);
         for (const platform::ScriptedDesktop::Box& box : desktop.boxes) {
-            findings.Add("the game says: " + ToUtf8(box.text), {});
+            findings.Add("the game says: " + platform::ToUtf8(box.text), {});
         }
     });
 

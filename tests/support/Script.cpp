@@ -1,10 +1,38 @@
 #include "tests/support/Script.h"
 
 #include <algorithm>
+#include <cctype>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <sstream>
+
+namespace {
+bool IsLetterOrDigit(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
+
+/// Letters, digits and underscores only, as the name of a test must be.
+std::string TestName(std::string const& text) {
+    std::string name;
+    for (const char c : text) {
+        if (IsLetterOrDigit(c)) {
+            name += c;
+        } else if (!name.ends_with('_')) {
+            name += '_';
+        }
+    }
+    return name;
+}
+
+/// Puts `value` in the place of every `$column`, but not of a longer name that begins with it.
+void Fill(std::string& text, std::string const& column, std::string const& value) {
+    const std::string place = "$" + column;
+    for (std::size_t at = text.find(place); at != std::string::npos; at = text.find(place, at)) {
+        const std::size_t end = at + place.size();
+        const bool isLonger = end < text.size() && (IsLetterOrDigit(text[end]) || text[end] == '_');
+        if (!isLonger) text.replace(at, place.size(), value);
+        at = isLonger ? end : at + value.size();
+    }
+}
+} // namespace
 
 std::vector<ScriptCase> ReadScript(std::istream& script, std::string const& file) {
     std::vector<ScriptCase> cases;
@@ -20,7 +48,7 @@ std::vector<ScriptCase> ReadScript(std::istream& script, std::string const& file
         if (words[0] == "case" || cases.empty()) {
             first = cases.size();
             const std::string name = std::filesystem::path(file).stem().string() + text.substr(words[0].size());
-            cases.push_back({file, std::regex_replace(name, std::regex("[^A-Za-z0-9]+"), "_")});
+            cases.push_back({file, TestName(name)});
         }
         if (words[0] == "case") continue;
         if (words[0] == "each") {
@@ -33,8 +61,7 @@ std::vector<ScriptCase> ReadScript(std::istream& script, std::string const& file
             for (std::size_t i = first; i < cases.size(); ++i) {
                 ScriptCase::Line line{number, text};
                 for (std::size_t column = 0; column < cases[i].values.size(); ++column)
-                    line.text = std::regex_replace(line.text, std::regex("\\$" + columns[column] + "\\b"),
-                                                   cases[i].values[column]);
+                    Fill(line.text, columns[column], cases[i].values[column]);
                 cases[i].lines.push_back(line);
             }
         }
